@@ -1,0 +1,21 @@
+// The event sources of a whole run.
+#pragma once
+
+#include <otx/event/ThreadGroup.h>
+#include <otx/value/COtxValue.h>
+
+#include <thread>
+
+// Operations on all open event sources that belong to one group of threads. A source belongs to the group that its
+// creating thread was in at its creation; one made by a thread in no group belongs to that thread alone. Any thread.
+class OTX_API COtxEventSource {
+public:
+    COtxEventSource() = delete;
+
+    // The groups of the process.
+    static HvtUtil::ThreadGroup& ThreadGroup();
+    // Delivers an event with this name and value to every open source of the thread's group.
+    static void PutAll(std::thread::id thread, const COtxValue& name, const COtxValue& value);
+    // Closes every open source of the thread's group, which ends every wait on them.
+    static void CloseAll(std::thread::id thread);
+};

@@ -1,0 +1,54 @@
+// A variable cell.
+#pragma once
+
+#include <otx/Export.h>
+#include <otx/value/COtxValue.h>
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+// Holds one value; shared by pointer between the scopes that see the variable. Value, Set, Store and AddEventSource may be
+// called from any threads at once. No lock is held while an event is delivered or an old value is destroyed.
+class OTX_API OtxVariable {
+public:
+    explicit OtxVariable(const COtxValue& value) : value_(value) {}
+    explicit OtxVariable(COtxValue&& value) noexcept : value_(std::move(value)) {}
+    OtxVariable(const OtxVariable&) = delete;
+    virtual ~OtxVariable();
+
+    // Replaces the value and delivers an event to every attached source, on the calling thread. Subclasses override it
+    // and see every write.
+    virtual void Set(const COtxValue& value);
+
+    // Set for a value that the caller gives away.
+    void Store(COtxValue&& value);
+
+    // Goes through the virtual Set. Gives its argument.
+    const COtxValue& operator=(const COtxValue& value) {
+        Set(value);
+        return value;
+    }
+    OtxVariable& operator=(const OtxVariable&) = delete;
+
+    // The value in place: valid until the next write, so only where no other thread writes.
+    const COtxValue& Get() const noexcept { return value_; }
+
+    // A copy of the handle, safe beside writes of other threads.
+    COtxValue Value() const;
+
+    // Attaches an event source that monitors the variable, until the variable dies: every write delivers an event with
+    // this name and the new value. Throws kind 5 for a value that is no event source.
+    void AddEventSource(const std::string& name, const COtxValue& source);
+
+private:
+    struct Sources;
+    class Guard;
+
+    void replace(COtxValue&& value);
+
+    COtxValue value_;
+    std::shared_ptr<const Sources> sources_;
+    // Guards value_ and sources_; held for a few instructions only.
+    mutable std::atomic<bool> cellLock_{false};
+};

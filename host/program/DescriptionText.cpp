@@ -1,0 +1,140 @@
+// A document's description as text.
+#include "program/DescriptionText.h"
+
+#include "program/JsonText.h"
+#include "program/OneLine.h"
+#include "program/Terminal.h"
+
+#include <velkotx/DocumentInfo.h>
+
+#include <vector>
+
+namespace velkotx::host {
+
+namespace {
+
+const char* wordFor(ParameterDirection direction) {
+    switch (direction) {
+        case ParameterDirection::in: return "in";
+        case ParameterDirection::inout: return "inout";
+        case ParameterDirection::out: return "out";
+    }
+    return "";
+}
+
+const char* wordFor(GlobalKind kind) {
+    switch (kind) {
+        case GlobalKind::constant: return "constant";
+        case GlobalKind::variable: return "variable";
+        case GlobalKind::context: return "context";
+    }
+    return "";
+}
+
+// Pads on the right, counting characters, not bytes of UTF-8.
+std::string padded(std::string text, std::size_t width) {
+    std::size_t length = 0;
+    for (const char byte : text)
+        length += (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U ? 1 : 0;
+    if (length < width)
+        text.append(width - length, ' ');
+    return text;
+}
+
+// "  -- what the author wrote", or nothing.
+std::string remark(const std::string& specification) {
+    return specification.empty() ? "" : "  -- " + oneLine(specification);
+}
+
+std::string nameOrNone(const std::string& name) {
+    return name.empty() ? "(no name)" : oneLine(name);
+}
+
+std::string describe(const ParameterInfo& parameter) {
+    return "    " + padded(wordFor(parameter.direction), 6) + nameOrNone(parameter.name) + ": " +
+           oneLine(parameter.type) + remark(parameter.specification) + '\n';
+}
+
+std::string describe(const ProcedureInfo& procedure, const Paint& paint) {
+    std::string text = "  " + paint.name(nameOrNone(procedure.name));
+    if (!procedure.visibility.empty())
+        text += " " + oneLine(procedure.visibility);
+    if (!procedure.runnable)
+        text += " (can't be run)";
+    text += remark(procedure.specification) + '\n';
+    for (const ParameterInfo& parameter : procedure.parameters)
+        text += describe(parameter);
+    return text;
+}
+
+std::string describe(const GlobalInfo& global, const Paint& paint) {
+    return "  " + padded(wordFor(global.kind), 9) + paint.name(nameOrNone(global.name)) + ": " + oneLine(global.type) +
+           (global.visibility.empty() ? "" : " " + oneLine(global.visibility)) + remark(global.specification) + '\n';
+}
+
+template <class Items, class Describe>
+std::vector<std::string> each(const Items& items, const Describe& describeItem) {
+    std::vector<std::string> texts;
+    for (const auto& item : items)
+        texts.push_back(describeItem(item));
+    return texts;
+}
+
+std::string parameterAsJson(const ParameterInfo& parameter) {
+    return JsonObject()
+        .add("name", jsonText(parameter.name))
+        .add("direction", jsonText(wordFor(parameter.direction)))
+        .add("type", jsonText(parameter.type))
+        .add("specification", jsonText(parameter.specification))
+        .text();
+}
+
+std::string procedureAsJson(const ProcedureInfo& procedure) {
+    return JsonObject()
+        .add("name", jsonText(procedure.name))
+        .add("visibility", jsonText(procedure.visibility))
+        .add("specification", jsonText(procedure.specification))
+        .add("runnable", jsonText(procedure.runnable))
+        .add("parameters", jsonArray(each(procedure.parameters, parameterAsJson)))
+        .text();
+}
+
+std::string globalAsJson(const GlobalInfo& global) {
+    return JsonObject()
+        .add("name", jsonText(global.name))
+        .add("kind", jsonText(wordFor(global.kind)))
+        .add("type", jsonText(global.type))
+        .add("visibility", jsonText(global.visibility))
+        .add("specification", jsonText(global.specification))
+        .text();
+}
+
+}  // namespace
+
+std::string describeAsText(const DocumentInfo& document, const Paint& paint) {
+    std::string text = "name     " + paint.name(nameOrNone(document.name)) + remark(document.specification) + '\n';
+    text += "package  " + oneLine(document.package) + '\n';
+    text += "version  " + oneLine(document.version) + '\n';
+    if (!document.procedures.empty())
+        text += "procedures\n";
+    for (const ProcedureInfo& procedure : document.procedures)
+        text += describe(procedure, paint);
+    if (!document.globals.empty())
+        text += "globals\n";
+    for (const GlobalInfo& global : document.globals)
+        text += describe(global, paint);
+    return text;
+}
+
+std::string describeAsJson(const DocumentInfo& document) {
+    return JsonObject()
+        .add("name", jsonText(document.name))
+        .add("package", jsonText(document.package))
+        .add("version", jsonText(document.version))
+        .add("specification", jsonText(document.specification))
+        .add("procedures", jsonArray(each(document.procedures, procedureAsJson)))
+        .add("globals", jsonArray(each(document.globals, globalAsJson)))
+        .text();
+}
+
+}  // namespace velkotx::host

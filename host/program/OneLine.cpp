@@ -1,0 +1,53 @@
+// Makes a text fit for one line of a terminal.
+#include "program/OneLine.h"
+
+#include <cstddef>
+
+namespace velkotx::host {
+
+namespace {
+
+void appendHex(std::string& line, unsigned char byte) {
+    static constexpr char digits[] = "0123456789ABCDEF";
+    line += "\\x";
+    line += digits[byte >> 4U];
+    line += digits[byte & 0xFU];
+}
+
+// The number of bytes, from `at` on, of a control character or line separator beyond ASCII, as UTF-8; 0 for all else.
+std::size_t wideControlLength(std::string_view text, std::size_t at) {
+    const std::string_view rest = text.substr(at);
+    if (rest.size() >= 2 && rest[0] == '\xC2' && rest[1] >= '\x80' && rest[1] <= '\x9F')
+        return 2;  // U+0080 to U+009F
+    if (rest.substr(0, 3) == "\xE2\x80\xA8" || rest.substr(0, 3) == "\xE2\x80\xA9")
+        return 3;  // U+2028, U+2029
+    return 0;
+}
+
+}  // namespace
+
+std::string oneLine(std::string_view text) {
+    text = text.substr(0, text.find_last_not_of(" \t\r\n") + 1);
+    std::string line;
+    line.reserve(text.size());
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        std::size_t escaped = wideControlLength(text, at);
+        if (text[at] == '\n') {
+            line += "\\n";
+            ++at;
+        } else if (text[at] == '\t') {
+            line += "\\t";
+            ++at;
+        } else if (escaped > 0 || byte < 0x20 || byte == 0x7F) {
+            for (escaped = escaped > 0 ? escaped : 1; escaped > 0; --escaped)
+                appendHex(line, static_cast<unsigned char>(text[at++]));
+        } else {
+            line += text[at++];
+        }
+    }
+    return line;
+}
+
+}  // namespace velkotx::host

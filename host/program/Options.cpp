@@ -1,0 +1,106 @@
+// The command line of velkotx, parsed with CLI11.
+#include "program/Options.h"
+
+#include "program/ExitStatus.h"
+#include "program/OneLine.h"
+
+#include <velkotx/Sequencer.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <ostream>
+
+namespace velkotx::host {
+
+namespace {
+
+constexpr const char* programFooter =
+    "Standard output is data, standard error is for people. A FILE named - is standard input.\n"
+    "\n"
+    "Examples:\n"
+    "  velkotx run examples/01-battery-check.otx --args examples/01-battery-check.json\n"
+    "  velkotx info examples/01-battery-check.otx";
+
+constexpr const char* runFooter =
+    "Exit status: 0 finished, 1 an OTX exception that the sequence didn't take, 2 bad usage or a\n"
+    "document that can't be loaded, 3 a runtime failure, 4 cancelled. Ctrl-C cancels the run, a\n"
+    "second one ends the program.\n"
+    "\n"
+    "Examples:\n"
+    "  velkotx run examples/04-sort.otx --arg responseTimes=[31,18,47,18,25]\n"
+    "  velkotx run examples/02-retry.otx main --arg refusals=9 --json\n"
+    "  velkotx run examples/06-map-decision.otx --args examples/06-map-decision.json \\\n"
+    "          --context examples/06-map-decision.context.json";
+
+constexpr const char* infoFooter =
+    "Exit status: 0 described, 2 bad usage or a document that can't be loaded.\n"
+    "\n"
+    "Examples:\n"
+    "  velkotx info examples/04-sort.otx\n"
+    "  velkotx info --json - < examples/04-sort.otx";
+
+std::string versionLine() {
+    return GetComponentName() + " " + GetComponentVersion() + " " + GetComponentDate();
+}
+
+// An option that takes the name of a file.
+void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help) {
+    command.add_option(name, file, help)->type_name("FILE");
+}
+
+void addDocument(CLI::App& command, std::string& document) {
+    command.add_option("FILE", document, "The OTX document; - for standard input")->required()->type_name("");
+}
+
+void addRun(CLI::App& program, RunOptions& options) {
+    CLI::App& run = *program.add_subcommand("run", "Run a procedure of a document and print its out parameters");
+    addDocument(run, options.document);
+    run.add_option("PROCEDURE", options.procedure, "The procedure to run")->type_name("")->capture_default_str();
+    run.add_option("--arg", options.arguments, "An in-argument; VALUE is JSON, else a plain string. Comes after --args")
+        ->type_name("NAME=VALUE")
+        ->expected(1)
+        ->allow_extra_args(false);
+    addFile(run, "--args", options.argumentsFile, "In-arguments: a JSON object of name to value");
+    addFile(run, "--context", options.contextFile, "Context variables: a JSON object of name to value");
+    addFile(run, "--translations", options.translationsFile, "Translations: a JSON object of key to text");
+    addFile(run, "--messages", options.messagesFile, "Write every message to the host here, one JSON object a line");
+    run.add_option("--log", options.logLevel, "Write the trace and the sequence's log up to this level to standard error")
+        ->type_name("LEVEL (0 to 7)")
+        ->check(CLI::Range(0, 7).description(""));
+    run.add_flag("--json", options.json, "Print the outcome as one JSON object");
+    run.footer(runFooter);
+}
+
+void addInfo(CLI::App& program, InfoOptions& options) {
+    CLI::App& info = *program.add_subcommand("info", "Describe a document: its name, procedures and global data");
+    addDocument(info, options.document);
+    info.add_flag("--json", options.json, "Print the description as one JSON object");
+    info.footer(infoFooter);
+}
+
+}  // namespace
+
+Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+    RunOptions run;
+    InfoOptions info;
+    CLI::App program("Runs OTX test sequences (ISO 13209).", "velkotx");
+    program.set_version_flag("--version", versionLine, "Print the component's name, version and date");
+    program.require_subcommand(1);
+    program.footer(programFooter);
+    addRun(program, run);
+    addInfo(program, info);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0)
+            return Answered{program.exit(error, out, err)};
+        err << "velkotx: " << oneLine(error.what()) << " (velkotx --help tells the usage)\n";
+        return Answered{ExitStatus::badInput};
+    }
+    if (program.got_subcommand("run"))
+        return run;
+    return info;
+}
+
+}  // namespace velkotx::host

@@ -1,0 +1,41 @@
+// The command line of velkotx: what the user asked for.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace velkotx::host {
+
+// velkotx run FILE [PROCEDURE]. Empty file names stand for options that weren't given, "-" for standard input.
+struct RunOptions {
+    std::string document;
+    std::string procedure = "main";
+    std::vector<std::string> arguments;  // NAME=VALUE, in the order given
+    std::string argumentsFile;
+    std::string contextFile;
+    std::string translationsFile;
+    std::string messagesFile;
+    std::optional<int> logLevel;
+    bool json = false;
+};
+
+// velkotx info FILE.
+struct InfoOptions {
+    std::string document;
+    bool json = false;
+};
+
+// The command line was answered already, with help, the version or a complaint: the program ends with this status.
+struct Answered {
+    int status;
+};
+
+using Options = std::variant<RunOptions, InfoOptions, Answered>;
+
+// Parses the command line. Help and version go to `out`, one line about bad usage to `err`.
+Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err);
+
+}  // namespace velkotx::host

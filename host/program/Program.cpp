@@ -1,0 +1,45 @@
+// The program velkotx as a function.
+#include "program/Program.h"
+
+#include "program/Commands.h"
+#include "program/ExitStatus.h"
+#include "program/OneLine.h"
+#include "program/UsageError.h"
+
+#include <exception>
+#include <ostream>
+
+namespace velkotx::host {
+
+namespace {
+
+struct Answer {
+    const Streams& streams;
+
+    int operator()(const RunOptions& options) const { return run(options, streams); }
+    int operator()(const InfoOptions& options) const { return info(options, streams); }
+    int operator()(const Answered& answered) const { return answered.status; }
+};
+
+int complain(const std::exception& error, int status, const Streams& streams) {
+    streams.err << "velkotx: " << oneLine(error.what()) << '\n';
+    return status;
+}
+
+}  // namespace
+
+int runProgram(int argc, const char* const* argv, const Streams& streams) {
+    try {
+        const int status = std::visit(Answer{streams}, parseCommandLine(argc, argv, streams.out, streams.err));
+        if (streams.out.flush())
+            return status;
+        streams.err << "velkotx: standard output can't be written\n";
+        return ExitStatus::failed;
+    } catch (const UsageError& error) {
+        return complain(error, ExitStatus::badInput, streams);
+    } catch (const std::exception& error) {
+        return complain(error, ExitStatus::failed, streams);
+    }
+}
+
+}  // namespace velkotx::host

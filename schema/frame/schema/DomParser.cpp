@@ -1,0 +1,111 @@
+// Parses XML to a DOM under the limits that keep the process safe.
+#include <schema/DomParser.h>
+
+#include <xsd/cxx/tree/error-handler.hxx>
+#include <xsd/cxx/xml/dom/bits/error-handler-proxy.hxx>
+#include <xsd/cxx/xml/sax/std-input-source.hxx>
+
+#include <xercesc/dom/DOMConfiguration.hpp>
+#include <xercesc/dom/DOMImplementation.hpp>
+#include <xercesc/dom/DOMImplementationLS.hpp>
+#include <xercesc/dom/DOMImplementationRegistry.hpp>
+#include <xercesc/dom/DOMLSException.hpp>
+#include <xercesc/framework/Wrapper4InputSource.hpp>
+#include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/parsers/DOMLSParserImpl.hpp>
+#include <xercesc/util/XMLUni.hpp>
+
+#include <istream>
+
+namespace schema {
+
+RefusedInput::RefusedInput(unsigned long line, unsigned long column, std::string reason)
+    : line_(line), column_(column), reason_(std::move(reason)) {}
+
+RefusedInput::~RefusedInput() throw() = default;
+
+const char* RefusedInput::what() const throw() {
+    return "input refused";
+}
+
+void RefusedInput::print(std::ostream& out) const {
+    // Digits only, whatever the stream's locale would group.
+    out << ':' << std::to_string(line_) << ':' << std::to_string(column_) << " error: " << reason_;
+}
+
+namespace {
+
+// The parser of the load-and-save interface, with a count of what it reports before the DOM takes it in: both the DOM's
+// cost and the parser's own grow with the square of nesting and of one element's attributes.
+class BoundedParser : public xercesc::DOMLSParserImpl {
+public:
+    void startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
+                      const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount,
+                      const bool isEmpty, const bool isRoot) override {
+        if (attributeCount > maximumAttributes)
+            refuse("more than " + std::to_string(maximumAttributes) + " attributes in one element");
+        if (depth_ >= maximumDepth) refuse("elements nested more than " + std::to_string(maximumDepth) + " deep");
+        if (!isEmpty) ++depth_;
+        DOMLSParserImpl::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
+    }
+
+    void endElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const bool isRoot,
+                    const XMLCh* const prefix) override {
+        --depth_;
+        DOMLSParserImpl::endElement(declaration, uri, isRoot, prefix);
+    }
+
+    void doctypeDecl(const xercesc::DTDElementDecl&, const XMLCh* const, const XMLCh* const, const bool,
+                     const bool) override {
+        refuse("a document type declaration is not allowed");
+    }
+
+private:
+    [[noreturn]] void refuse(std::string reason) {
+        const auto* const locator = getScanner()->getLocator();
+        throw RefusedInput(static_cast<unsigned long>(locator->getLineNumber()),
+                           static_cast<unsigned long>(locator->getColumnNumber()), std::move(reason));
+    }
+
+    std::size_t depth_ = 0;
+};
+
+void configure(xercesc::DOMConfiguration& configuration) {
+    using xercesc::XMLUni;
+    configuration.setParameter(XMLUni::fgDOMComments, false);
+    configuration.setParameter(XMLUni::fgDOMDatatypeNormalization, true);
+    configuration.setParameter(XMLUni::fgDOMEntities, false);
+    configuration.setParameter(XMLUni::fgDOMNamespaces, true);
+    configuration.setParameter(XMLUni::fgDOMElementContentWhitespace, false);
+    configuration.setParameter(XMLUni::fgDOMValidate, false);
+    configuration.setParameter(XMLUni::fgXercesSchema, false);
+    configuration.setParameter(XMLUni::fgXercesSchemaFullChecking, false);
+    configuration.setParameter(XMLUni::fgXercesUserAdoptsDOMDocument, true);
+    // Nothing outside of the stream is ever opened.
+    configuration.setParameter(XMLUni::fgXercesLoadExternalDTD, false);
+    configuration.setParameter(XMLUni::fgXercesDisableDefaultEntityResolution, true);
+}
+
+}  // namespace
+
+XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream) {
+    BoundedParser parser;
+    configure(*parser.getDomConfig());
+
+    xsd::cxx::tree::error_handler<char> errors;
+    xsd::cxx::xml::dom::bits::error_handler_proxy<char> proxy(errors);
+    parser.getDomConfig()->setParameter(xercesc::XMLUni::fgDOMErrorHandler, &proxy);
+
+    xsd::cxx::xml::sax::std_input_source source(stream);
+    const xercesc::Wrapper4InputSource wrapper(&source, false);
+    XSD_DOM_AUTO_PTR<xercesc::DOMDocument> document;
+    try {
+        document.reset(parser.parse(&wrapper));
+    } catch (const xercesc::DOMLSException&) {
+        // The diagnostics tell it.
+    }
+    errors.throw_if_failed<xsd::cxx::tree::parsing<char>>();
+    return document;
+}
+
+}  // namespace schema

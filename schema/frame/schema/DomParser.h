@@ -1,0 +1,38 @@
+// The XML parser as documents are read with it: to a DOM, without validation, safe against hostile input.
+#pragma once
+
+#include <schema/Runtime.h>
+
+#include <xsd/cxx/xml/dom/auto-ptr.hxx>
+
+#include <iosfwd>
+#include <string>
+
+namespace schema {
+
+// Input that no OTX document needs and that could harm the process: a document type declaration (with it go entities and
+// external files), nesting or attributes without bound.
+class RefusedInput : public Exception {
+public:
+    RefusedInput(unsigned long line, unsigned long column, std::string reason);
+    ~RefusedInput() throw() override;
+    const char* what() const throw() override;
+
+protected:
+    void print(std::ostream& out) const override;
+
+private:
+    unsigned long line_;
+    unsigned long column_;
+    std::string reason_;
+};
+
+// What a document may have at the most: levels of nested elements, attributes of one element.
+inline constexpr std::size_t maximumDepth = 10'000;
+inline constexpr std::size_t maximumAttributes = 10'000;
+
+// Parses the stream to its end. Throws the tree's `parsing` with the parser's diagnostics for a document that isn't well
+// formed, RefusedInput for the above.
+XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream);
+
+}  // namespace schema

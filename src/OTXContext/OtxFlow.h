@@ -1,0 +1,42 @@
+// The record of one thread that runs sequence code.
+#pragma once
+
+#include <otx/value/COtxValue.h>
+#include <schema/core.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+
+namespace otxns {
+
+// What a flow does at its next checkpoint.
+enum class FlowState : int {
+    running = 0,    // goes on; stops at a breakpoint
+    stopping = 1,   // stops
+    cancelled = 2,  // leaves with CancelException
+    throwing = 3    // raises the pending exception and goes on running
+};
+
+// Owned by OtxContext from BeginFlow to EndFlow. Only the flow's own thread ends it.
+struct OtxFlow {
+    OtxFlow(unsigned id, FlowState initial) : state(initial), flowId(id) {}
+
+    // Guards `pending`, `stopped` and `resumes`, and every write of `state`. Recursive, since a host may answer the event
+    // of a stop with a command on the same thread.
+    std::recursive_mutex lock;
+    // Where a stopped flow sleeps until `resumes` changes.
+    std::condition_variable_any wake;
+
+    // The node about to run. Written by the flow's thread only.
+    std::atomic<const Node*> node{nullptr};
+    std::atomic<FlowState> state;
+    COtxValue pending;
+    // 1 from the decision to stop until the flow goes on, else 0.
+    int stopped = 0;
+    std::uint64_t resumes = 0;
+    const unsigned flowId;
+};
+
+}  // namespace otxns

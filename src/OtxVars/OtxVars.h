@@ -1,0 +1,109 @@
+// The variable store of a run: the globals, the host's context variables, and the frames of each thread.
+#pragma once
+
+#include <OtxVars/OtxContextVarMap.h>
+#include <OtxVars/OtxVarMap.h>
+#include <OtxVars/ThreadStack.h>
+#include <otx/value/COtxValue.h>
+#include <otx/value/OtxVariable.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace otxns {
+
+// Owned by OtxContext. All operations work on the calling thread's stack unless a thread is named, and may be called from
+// any thread. A look-up asks the top frame, then the globals; nothing of the callers' frames. A thread without a frame
+// goes straight to the globals. A name that is found nowhere raises InvalidReferenceException with the name as its text;
+// a stack that is shallower than it must be raises OTXRuntimeException, "Invalid stack pointer".
+//
+// Names as texts are for the host's side and for tests; a run uses the keys of the document.
+class OtxVars {
+public:
+    OtxVars();
+    OtxVars(const OtxVars&) = delete;
+    OtxVars& operator=(const OtxVars&) = delete;
+
+    // Begins the calling thread's stack, if it has none, and appends a copy of the parent's top frame if there is a
+    // parent. The parent is parked, or shares its stack, meanwhile.
+    void newStack(std::thread::id parent = {});
+    void deleteStack();
+
+    // The name outlives the frame.
+    void push(const Name& name);
+    void push(Name&& name) = delete;
+    void push(const std::string& name);
+    void pop();
+    std::size_t StackDepth() const;
+    // Pops until that many frames are left.
+    void Unwind(std::size_t depth);
+
+    // The value of a variable. One without a value counts as missing.
+    COtxValue Get(const Name& name) const {
+        if (const OtxVarMap* const frame = top()) {
+            COtxValue value;
+            if (frame->Get(name, value)) return value;
+        }
+        return globalValue(name);
+    }
+    COtxValue Get(const std::string& name) const { return Get(Name(name)); }
+
+    std::shared_ptr<OtxVariable> GetVariable(const Name& name) const;
+    std::shared_ptr<OtxVariable> GetVariable(const std::string& name) const { return GetVariable(Name(name)); }
+
+    void Set(const Name& name, const COtxValue& value);
+    void Set(const std::string& name, const COtxValue& value) { Set(Name(name), value); }
+
+    // Puts another cell under the name.
+    void Bind(const Name& name, const std::shared_ptr<OtxVariable>& cell);
+    void Bind(const std::string& name, const std::shared_ptr<OtxVariable>& cell) { Bind(Name(name), cell); }
+
+    // Where a declaration enters its variable: the globals or the calling thread's top frame.
+    OtxVarMap& Scope(bool global);
+
+    // The names of a thread's frames, bottom first; empty for a thread without a stack. Another thread's stack may be
+    // looked at while its owner is parked or shares it.
+    std::vector<std::string> FrameNames(std::thread::id thread) const;
+    OtxVarMap& TopFrame(std::thread::id thread) const;
+    // Whether others may look at the calling thread's stack while it runs. Both only while nobody looks at it.
+    void shareStack();
+    void unshareStack();
+
+    OtxVarMap& Globals() { return globals; }
+    OtxContextVarMap& ContextVars() { return contextVars; }
+
+private:
+    // The stack that the calling thread used last, by the serial of its store. A serial is never used again, so that an
+    // entry of a store that is gone can't match.
+    struct Recent {
+        std::uint64_t store;
+        ThreadStack* stack;
+    };
+    static constinit thread_local Recent recent __attribute__((tls_model("initial-exec")));
+
+    // The calling thread's stack, else null.
+    ThreadStack* own() const { return recent.store == serial_ ? recent.stack : findOwn(); }
+    ThreadStack* findOwn() const;
+    ThreadStack& required() const;
+    OtxVarMap* top() const {
+        const ThreadStack* const stack = own();
+        return stack != nullptr ? stack->top() : nullptr;
+    }
+    COtxValue globalValue(const Name& name) const;
+
+    const std::uint64_t serial_;
+    OtxVarMap globals{OtxVarMap::Access::shared};
+    OtxContextVarMap contextVars;
+
+    // Guards the two maps below, not what the stacks hold.
+    mutable std::recursive_mutex lock;
+    mutable std::map<std::thread::id, ThreadStack> stacks;
+    std::map<std::string, Name> ownNames_;
+};
+
+}  // namespace otxns
