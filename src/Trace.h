@@ -2,11 +2,11 @@
 #pragma once
 
 #include <otx/log/CLog.h>
+#include <otx/log/Names.h>
 
 #include <atomic>
 #include <ostream>
 #include <string>
-#include <type_traits>
 
 // Writes the line `thread:file:line:function:message` when the level is on; else costs one load and one compare, and
 // evaluates nothing of the message. The message is a chain of insertions: OTX_TRACE(4, "Enter: " << name);
@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    static constexpr Hvt::TLogSubSys subsystem{3};
+    static constexpr Hvt::TLogSubSys subsystem = 3;
     using Insert = void (*)(std::ostream& out, const void* message);
 
     [[gnu::cold]] static void deliver(int level, Place& place, Insert insert, const void* message);

@@ -2,6 +2,7 @@
 #include "objects/JsonLinesEventSink.h"
 
 #include <otx/value/COtxValue.h>
+#include <otx/value/IString.h>
 
 #include <ostream>
 #include <stdexcept>

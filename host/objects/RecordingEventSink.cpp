@@ -1,6 +1,8 @@
 // An event sink that keeps what it is sent.
 #include "objects/RecordingEventSink.h"
 
+#include <otx/value/Functions.h>
+
 namespace velkotx::host {
 
 void RecordingEventSink::sendRequest(const COtxValue& message) {

@@ -1,14 +1,14 @@
 // Turns Ctrl-C into the cancellation of a run.
 #include "program/InterruptWatcher.h"
 
-#include <otx/value/COtxValue.h>
+#include <otx/value/COtxMap.h>
 #include <velkotx/Sequencer.h>
 
-#include <fcntl.h>
 #include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/signalfd.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <system_error>
 
@@ -16,71 +16,79 @@ namespace velkotx::host {
 
 namespace {
 
-std::atomic<int> interruptedPipe{-1};
+// How long to wait before a cancel that found nothing is asked for again.
+constexpr int retryMilliseconds = 20;
 
-[[noreturn]] void failBySystem(const char* what) {
-    throw std::system_error(errno, std::generic_category(), what);
+sigset_t interruptOnly() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    return signals;
 }
 
-void wake(int writeEnd) {
-    const char byte = 0;
-    // The pipe can't be full: nobody writes more than one byte.
-    [[maybe_unused]] const ssize_t written = write(writeEnd, &byte, 1);
+int interruptDescriptor() {
+    const sigset_t signals = interruptOnly();
+    return signalfd(-1, &signals, SFD_CLOEXEC);
+}
+
+bool isIgnored() {
+    struct sigaction action {};
+    sigaction(SIGINT, nullptr, &action);
+    return action.sa_handler == SIG_IGN;
 }
 
 }  // namespace
 
-extern "C" {
-static void interruptCame(int) {
-    const int before = errno;
-    wake(interruptedPipe.load());
-    errno = before;
-}
+InterruptWatcher::Descriptor::Descriptor(int number, const char* what) : number_(number) {
+    if (number_ < 0)
+        throw std::system_error(errno, std::generic_category(), what);
 }
 
-InterruptWatcher::Pipe::Pipe() {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
-        failBySystem("pipe");
-    readEnd = ends[0];
-    writeEnd = ends[1];
+InterruptWatcher::Descriptor::~Descriptor() {
+    close(number_);
 }
 
-InterruptWatcher::Pipe::~Pipe() {
-    close(readEnd);
-    close(writeEnd);
+InterruptWatcher::Blocked::Blocked() {
+    const sigset_t signals = interruptOnly();
+    pthread_sigmask(SIG_BLOCK, &signals, &before_);
 }
 
-InterruptWatcher::InterruptWatcher(Sequencer& sequencer) : sequencer_(sequencer) {
-    thread_ = std::thread([this] { watch(); });
-    interruptedPipe = interrupted_.writeEnd;
-    struct sigaction action {};
-    action.sa_handler = interruptCame;
-    sigemptyset(&action.sa_mask);
-    action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
-    sigaction(SIGINT, &action, &before_);
+InterruptWatcher::Blocked::~Blocked() {
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+}
+
+InterruptWatcher::InterruptWatcher(Sequencer& sequencer)
+    : sequencer_(sequencer),
+      interrupted_(interruptDescriptor(), "signalfd"),
+      over_(eventfd(0, EFD_CLOEXEC), "eventfd") {
+    if (!isIgnored())
+        thread_ = std::thread([this] { watch(); });
 }
 
 InterruptWatcher::~InterruptWatcher() {
-    sigaction(SIGINT, &before_, nullptr);
-    wake(over_.writeEnd);
+    if (!thread_.joinable())
+        return;
+    eventfd_write(over_, 1);
     thread_.join();
-    interruptedPipe = -1;
 }
 
 void InterruptWatcher::watch() {
-    pollfd waited[] = {{interrupted_.readEnd, POLLIN, 0}, {over_.readEnd, POLLIN, 0}};
+    pollfd waited[] = {{interrupted_, POLLIN, 0}, {over_, POLLIN, 0}};
     while (poll(waited, 2, -1) < 0 && errno == EINTR) {
     }
     if (waited[1].revents != 0)
         return;
+    signalfd_siginfo taken{};
+    [[maybe_unused]] const ssize_t size = read(interrupted_, &taken, sizeof taken);
+    const sigset_t signals = interruptOnly();
+    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
     // A cancel that comes before the run's first node, or after its last, finds nothing to cancel and says so.
-    while (!cancel() && !over(20)) {
+    while (!cancel() && !over(retryMilliseconds)) {
     }
 }
 
 bool InterruptWatcher::over(int milliseconds) const {
-    pollfd waited{over_.readEnd, POLLIN, 0};
+    pollfd waited{over_, POLLIN, 0};
     return poll(&waited, 1, milliseconds) > 0;
 }
 

@@ -10,9 +10,13 @@ class Sequencer;
 
 namespace velkotx::host {
 
-// While it lives, the first Ctrl-C (SIGINT) cancels the run of the Sequencer; the second finds the system's own answer
-// to the signal, which ends the process. One at a time in a process. The Sequencer has to outlive it. Throws
-// std::system_error when the system gives no pipe, thread or handler.
+// While it lives, the first Ctrl-C (SIGINT) cancels the run of the Sequencer, from a thread of its own; the second finds
+// the system's own answer to the signal, which ends the process. Does nothing in a process that ignores SIGINT, such as a
+// shell's background job.
+//
+// Made and destroyed on the thread of the run, before other threads come into being: it blocks the signal in that thread
+// and in those that the run starts. The Sequencer has to outlive it. Throws std::system_error when the system is out of
+// descriptors or threads.
 class InterruptWatcher {
 public:
     explicit InterruptWatcher(Sequencer& sequencer);
@@ -22,11 +26,28 @@ public:
     InterruptWatcher& operator=(const InterruptWatcher&) = delete;
 
 private:
-    struct Pipe {
-        Pipe();
-        ~Pipe();
-        int readEnd = -1;
-        int writeEnd = -1;
+    class Descriptor {
+    public:
+        Descriptor(int number, const char* what);
+        ~Descriptor();
+        Descriptor(const Descriptor&) = delete;
+        Descriptor& operator=(const Descriptor&) = delete;
+        operator int() const { return number_; }
+
+    private:
+        const int number_;
+    };
+
+    // Blocks SIGINT in the thread that makes it, until it goes.
+    class Blocked {
+    public:
+        Blocked();
+        ~Blocked();
+        Blocked(const Blocked&) = delete;
+        Blocked& operator=(const Blocked&) = delete;
+
+    private:
+        sigset_t before_;
     };
 
     void watch();
@@ -34,10 +55,10 @@ private:
     bool cancel();
 
     Sequencer& sequencer_;
-    Pipe interrupted_;  // written by the signal handler
-    Pipe over_;         // written when the run is over
+    const Blocked blocked_;
+    const Descriptor interrupted_;
+    const Descriptor over_;  // written when the run is over
     std::thread thread_;
-    struct sigaction before_ {};
 };
 
 }  // namespace velkotx::host

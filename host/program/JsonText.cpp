@@ -1,6 +1,9 @@
 // JSON as text.
 #include "program/JsonText.h"
 
+#include <otx/value/COtxString.h>
+#include <otx/value/IString.h>
+
 namespace velkotx::host {
 
 std::string jsonText(const COtxValue& value) {

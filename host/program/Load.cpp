@@ -8,6 +8,8 @@
 
 #include <cxxabi.h>
 
+#include <istream>
+
 namespace velkotx::host {
 
 namespace {

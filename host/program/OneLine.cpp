@@ -17,7 +17,7 @@ void appendHex(std::string& line, unsigned char byte) {
 // The number of bytes, from `at` on, of a control character or line separator beyond ASCII, as UTF-8; 0 for all else.
 std::size_t wideControlLength(std::string_view text, std::size_t at) {
     const std::string_view rest = text.substr(at);
-    if (rest.size() >= 2 && rest[0] == '\xC2' && rest[1] >= '\x80' && rest[1] <= '\x9F')
+    if (rest.size() >= 2 && rest[0] == '\xC2' && static_cast<unsigned char>(rest[1]) < 0xA0)
         return 2;  // U+0080 to U+009F
     if (rest.substr(0, 3) == "\xE2\x80\xA8" || rest.substr(0, 3) == "\xE2\x80\xA9")
         return 3;  // U+2028, U+2029

@@ -5,6 +5,9 @@
 #include "program/OneLine.h"
 #include "program/Terminal.h"
 
+#include <otx/value/IString.h>
+
+#include <exception>
 #include <map>
 #include <ostream>
 #include <sstream>
@@ -19,7 +22,7 @@ void printOutParameters(const COtxValue& parameters, std::ostream& out) {
     for (const auto& [name, value] : parameters.Map()) {
         std::ostringstream text;
         text << value;
-        out << paint.name(oneLine(name.what())) << " = " << oneLine(text.str()) << '\n';
+        out << paint.name(oneLine(name.String())) << " = " << oneLine(text.str()) << '\n';
     }
 }
 
@@ -32,18 +35,37 @@ std::string inWords(const Outcome& outcome) {
     return words;
 }
 
+// A value that contains itself, or is nested too deeply, has no JSON form: then that is the failure.
+Outcome printable(const Outcome& outcome, std::string& json) {
+    try {
+        json = toJson(outcome);
+        return outcome;
+    } catch (const std::exception& error) {
+        Outcome failure{Outcome::Kind::failed, COtxValue(), error.what(), {}};
+        json = toJson(failure);
+        return failure;
+    }
+}
+
+void printFailure(const Outcome& outcome, const std::string& document, std::ostream& err) {
+    const Paint paint = Paint::forStandardError();
+    err << oneLine(displayName(document)) << ": " << paint.failure(oneLine(inWords(outcome))) << '\n';
+}
+
 }  // namespace
 
 int report(const Outcome& outcome, const std::string& document, bool json, const Streams& streams) {
-    if (json)
-        streams.out << toJson(outcome) << '\n';
-    else if (outcome.kind == Outcome::Kind::finished)
+    Outcome reported = outcome;
+    if (json) {
+        std::string text;
+        reported = printable(outcome, text);
+        streams.out << text << '\n';
+    } else if (outcome.kind == Outcome::Kind::finished) {
         printOutParameters(outcome.out, streams.out);
-    if (outcome.kind != Outcome::Kind::finished) {
-        const Paint paint = Paint::forStandardError();
-        streams.err << oneLine(displayName(document)) << ": " << paint.failure(oneLine(inWords(outcome))) << '\n';
     }
-    return exitStatus(outcome.kind);
+    if (reported.kind != Outcome::Kind::finished)
+        printFailure(reported, document, streams.err);
+    return exitStatus(reported.kind);
 }
 
 }  // namespace velkotx::host

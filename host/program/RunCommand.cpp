@@ -38,6 +38,8 @@ public:
             sink_ = std::make_shared<SilentEventSink>();
             return;
         }
+        if (file == "-")
+            throw UsageError("--messages: a file is needed, standard output has the outcome");
         errno = 0;
         stream_.open(file, std::ios::binary);
         if (!stream_)
@@ -59,6 +61,8 @@ int run(const RunOptions& options, const Streams& streams) {
     if (options.logLevel)
         setLogLevel(*options.logLevel);
     const COtxValue arguments = readArguments(inputs, options.argumentsFile, options.arguments);
+    const COtxValue context = readObject(inputs, options.contextFile);
+    const COtxValue translations = readObject(inputs, options.translationsFile);
     const Messages messages(options.messagesFile);
     const auto loaded = load(inputs, options.document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded))
@@ -66,10 +70,8 @@ int run(const RunOptions& options, const Streams& streams) {
 
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
     sequencer.SetHost(messages.sink());
-    if (!options.contextFile.empty())
-        sequencer.SetContextVariables(readObject(inputs, options.contextFile));
-    if (!options.translationsFile.empty())
-        sequencer.SetTranslations(readObject(inputs, options.translationsFile));
+    sequencer.SetContextVariables(context);
+    sequencer.SetTranslations(translations);
     const Outcome outcome = [&] {
         const InterruptWatcher watcher(sequencer);
         return runProcedure(sequencer, options.procedure, arguments);

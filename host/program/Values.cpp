@@ -19,6 +19,8 @@ namespace {
 using NamedValues = std::map<const std::string, COtxValue>;
 
 NamedValues namedValues(Inputs& inputs, const std::string& file) {
+    if (file.empty())
+        return {};
     try {
         const COtxValue content = OTX::FromJSON(inputs.read(file));
         if (content.Type() != OTX::ValueType::Map)
@@ -48,9 +50,7 @@ COtxValue readObject(Inputs& inputs, const std::string& file) {
 }
 
 COtxValue readArguments(Inputs& inputs, const std::string& file, const std::vector<std::string>& commandLine) {
-    NamedValues arguments;
-    if (!file.empty())
-        arguments = namedValues(inputs, file);
+    NamedValues arguments = namedValues(inputs, file);
     for (const std::string& argument : commandLine) {
         const std::size_t sign = argument.find('=');
         if (sign == std::string::npos || sign == 0)

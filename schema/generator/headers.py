@@ -69,6 +69,7 @@ def data_class(catalogue, t):
     lines = [f"class {name} : public {base_class(catalogue, t)} {{", "public:"]
     lines += [
         f"    explicit {name}(const schema::DomElement& element, schema::flags f = 0, schema::container* owner = nullptr);",
+        f"    explicit {name}(schema::InputStream& stream, schema::flags f = 0, schema::container* owner = nullptr);",
         f"    {name}(const {name}& other, schema::flags f = 0, schema::container* owner = nullptr);",
         f"    {name}& operator=(const {name}&) = delete;",
         f"    ~{name}() override;",

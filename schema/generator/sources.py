@@ -70,10 +70,15 @@ def data_class(catalogue, t):
         base_name = base
     elif catalogue.types[base].module is not t.module:
         base_name = base
+    # The root of the tree takes no fields; an empty copy places it in its container.
+    stream_base = f"{base_name}(stream, {base_flags}, owner)" if t.base else "schema::type(schema::type(), f, owner)"
     text = (
         f"{n}::{n}(const schema::DomElement& element, schema::flags f, schema::container* owner)\n"
         f"    : {base_name}(element, {base_flags}, owner){made} {{\n"
         f"    if ((f & schema::flags::base) == 0) schema::parse(*this, table(), element, f);\n}}\n\n"
+        f"{n}::{n}(schema::InputStream& stream, schema::flags f, schema::container* owner)\n"
+        f"    : {stream_base}{made} {{\n"
+        f"    if ((f & schema::flags::base) == 0) schema::extractFields(stream, *this, table(), f);\n}}\n\n"
         f"{n}::{n}(const {n}& other, schema::flags f, schema::container* owner) : {base_name}(other, f, owner){copied} {{}}\n\n"
         f"{n}::~{n}() = default;\n\n"
     )
@@ -150,7 +155,7 @@ def registration(catalogue, module):
     text += "#include <otx/value/COtxValue.h>\n\n"
     text += "namespace {\n\n"
     rows = "".join(
-        f'    {{{{"{t.name}", "{module.space}"}}, schema::make<{t.qualified}>, &typeid({t.qualified})}},\n' for t in concrete
+        f'    {{{{"{t.name}", "{module.space}"}}, schema::make<{t.qualified}>, &typeid({t.qualified}),\n     schema::insert<{t.qualified}>, schema::extract<{t.qualified}>}},\n' for t in concrete
     )
     text += f"const schema::RegisteredType types[] = {{\n{rows}}};\n\n"
     substitutes = ""

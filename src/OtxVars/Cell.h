@@ -5,13 +5,14 @@
 #include <otx/value/Pool.h>
 
 #include <memory>
+#include <utility>
 
 namespace otxns {
 
 // A cell of the class Variable with that value; its memory comes from the pool, since every call makes some.
 template <class Variable>
-std::shared_ptr<Variable> makeCell(const COtxValue& value) {
-    return std::allocate_shared<Variable>(otx::PoolAllocator<Variable>(), value);
+std::shared_ptr<Variable> makeCell(COtxValue value) {
+    return std::allocate_shared<Variable>(otx::PoolAllocator<Variable>(), std::move(value));
 }
 
 }  // namespace otxns

@@ -93,9 +93,10 @@ public:
     virtual void SetOtxJSON(bool on);
     // The JSON text as a String.
     virtual COtxValue ToJSON();
-    // The value as what JSON carries natively: null, Boolean, Integer, finite Float, String, List, Map with String keys.
-    // The first form is for values within others; the map knows the form asked for and the way down. By default an
-    // object with the type's name as key and the text of ToString, or null where that refuses.
+    // The value as something that JSON carries natively: the empty value, a Boolean, Integer, finite Float, String, List,
+    // or Map with String keys. Only the outermost level counts; what it holds is converted in its turn. The first form is
+    // for a value within others, whose wish for the OTX form the conversion knows. By default an object with the type's
+    // name as key in the OTX form, and in both the text of ToString, or the type's name where that refuses.
     virtual COtxValue ToJSONObject(Value2IdMap& conversion);
     virtual COtxValue ToJSONObject();
 

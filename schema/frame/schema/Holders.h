@@ -1,8 +1,15 @@
 // The operations of the member holders, one instance for each type and cardinality.
 #pragma once
 
+#include <schema/Enumeration.h>
+#include <schema/Records.h>
 #include <schema/Table.h>
 #include <schema/Text.h>
+
+#include <xsd/cxx/tree/ace-cdr-stream-extraction.hxx>
+
+#include <concepts>
+#include <type_traits>
 
 namespace schema {
 
@@ -10,6 +17,60 @@ namespace schema {
 template <typename T>
 std::unique_ptr<type> make(const DomElement& element, flags f, container* owner) {
     return std::unique_ptr<type>(new T(element, f, owner));
+}
+
+// Whether T is a generated class with members, as against a simple type.
+template <typename T>
+concept Structured = requires { T::table(); };
+
+// The compiled form of an object whose class is known.
+template <typename T>
+void insertValue(OutputStream& stream, const T& value) {
+    if constexpr (std::is_same_v<T, bool>)
+        stream.writeBoolean(value);
+    else if constexpr (std::is_same_v<T, long long>)
+        stream.writeLongLong(value);
+    else if constexpr (std::is_same_v<T, double>)
+        stream.writeDouble(value);
+    else if constexpr (std::is_same_v<T, hex_binary>)
+        stream.writeOctets(value.data(), value.size());
+    else if constexpr (std::is_same_v<T, date_time>)
+        insertDateTime(stream, value);
+    else if constexpr (std::derived_from<T, Enumeration>)
+        stream.writeUnsignedLong(static_cast<std::uint32_t>(value.number()));
+    else if constexpr (Structured<T>)
+        insertFields(stream, value, T::table());
+    else
+        stream.writeString(value);
+}
+
+template <typename T>
+std::unique_ptr<T> extractObject(InputStream& stream, flags f, container* owner) {
+    if constexpr (std::is_same_v<T, hex_binary>) {
+        const auto bytes = stream.readOctets();
+        return std::make_unique<T>(hex_binary(bytes.data(), bytes.size()), f, owner);
+    } else if constexpr (std::is_same_v<T, date_time>) {
+        return std::make_unique<T>(extractDateTime(stream), f, owner);
+    } else if constexpr (std::derived_from<T, Enumeration>) {
+        const std::uint32_t number = stream.readUnsignedLong();
+        const auto literals = T::literals();
+        if (number >= literals.size()) throw xsd::cxx::tree::ace_cdr_stream_extraction();
+        return std::make_unique<T>(std::string(literals[number]), nullptr, f, owner);
+    } else if constexpr (Structured<T>) {
+        return std::make_unique<T>(stream, f, owner);
+    } else {
+        return std::make_unique<T>(stream.readString(), nullptr, f, owner);
+    }
+}
+
+template <typename T>
+void insert(OutputStream& stream, const type& object) {
+    insertValue(stream, static_cast<const T&>(object));
+}
+
+template <typename T>
+std::unique_ptr<type> extract(InputStream& stream, flags f, container* owner) {
+    return extractObject<T>(stream, f, owner);
 }
 
 namespace detail {
@@ -50,20 +111,131 @@ void parse(void* holder, const char16_t* text, const DomElement& element, flags 
         static_cast<Holder*>(holder)->set(readObject<T>(text, element, f, owner));
 }
 
+// A member's object: simple types as their value, classes as records.
+template <typename T>
+void insertMember(OutputStream& stream, const T& object) {
+    if constexpr (!Structured<T>)
+        insertValue(stream, object);
+    else if constexpr (std::is_abstract_v<T>)
+        insertRecord(stream, object, nullptr, nullptr);
+    else
+        insertRecord(stream, object, &typeid(T), &T::table());
+}
+
+template <typename T>
+std::unique_ptr<T> extractMember(InputStream& stream, flags f, container* owner) {
+    if constexpr (!Structured<T>) {
+        return extractObject<T>(stream, f, owner);
+    } else {
+        Extractor own = nullptr;
+        if constexpr (!std::is_abstract_v<T>) own = extract<T>;
+        auto object = extractRecord(stream, own, f, owner);
+        auto cast = downcast<T>(object);
+        if (cast == nullptr) throw xsd::cxx::tree::not_derived<char>();
+        return cast;
+    }
+}
+
+template <typename Holder, typename T>
+void insertOne(const void* holder, OutputStream& stream) {
+    insertMember(stream, static_cast<const Holder*>(holder)->get());
+}
+
+template <typename Holder, typename T>
+void extractOne(void* holder, InputStream& stream, flags f, container* owner) {
+    static_cast<Holder*>(holder)->set(extractMember<T>(stream, f, owner));
+}
+
+template <typename T>
+void insertOptional(const void* holder, OutputStream& stream) {
+    const auto& member = *static_cast<const optional<T>*>(holder);
+    stream.writeBoolean(member.present());
+    if (member.present()) insertMember(stream, member.get());
+}
+
+template <typename T>
+void extractOptional(void* holder, InputStream& stream, flags f, container* owner) {
+    if (stream.readBoolean()) extractOne<optional<T>, T>(holder, stream, f, owner);
+}
+
+template <typename T>
+void insertSequence(const void* holder, OutputStream& stream) {
+    const auto& members = *static_cast<const sequence<T>*>(holder);
+    stream.writeCount(members.size());
+    for (const T& member : members) insertMember(stream, member);
+}
+
+template <typename T>
+void extractSequence(void* holder, InputStream& stream, flags f, container* owner) {
+    for (std::uint32_t left = stream.readUnsignedLong(); left > 0; --left)
+        static_cast<sequence<T>*>(holder)->push_back(extractMember<T>(stream, f, owner));
+}
+
+template <typename T>
+T extractNumber(InputStream& stream) {
+    if constexpr (std::is_same_v<T, bool>)
+        return stream.readBoolean();
+    else if constexpr (std::is_same_v<T, double>)
+        return stream.readDouble();
+    else
+        return stream.readLongLong();
+}
+
+template <typename Holder, typename T>
+void extractAttribute(void* holder, InputStream& stream, flags f, container* owner) {
+    if constexpr (xsd::cxx::tree::fundamental_p<T>::r)
+        static_cast<Holder*>(holder)->set(extractNumber<T>(stream));
+    else
+        static_cast<Holder*>(holder)->set(extractObject<T>(stream, f, owner));
+}
+
+template <typename T>
+void insertAttribute(const void* holder, OutputStream& stream) {
+    insertValue(stream, static_cast<const one<T>*>(holder)->get());
+}
+
+template <typename T>
+void insertOptionalAttribute(const void* holder, OutputStream& stream) {
+    const auto& attribute = *static_cast<const optional<T>*>(holder);
+    stream.writeBoolean(attribute.present());
+    if (attribute.present()) insertValue(stream, attribute.get());
+}
+
+template <typename T>
+void extractOptionalAttribute(void* holder, InputStream& stream, flags f, container* owner) {
+    if (stream.readBoolean()) extractAttribute<optional<T>, T>(holder, stream, f, owner);
+}
+
+template <typename Holder>
+std::size_t oneOrNone(const void* holder) {
+    return present<Holder>(holder) ? 1 : 0;
+}
+
 }  // namespace detail
 
 template <typename T>
-inline constexpr ElementHolder oneElement{Cardinality::one, detail::present<one<T>>, detail::set<one<T>, T>};
+inline constexpr ElementHolder oneElement{
+    Cardinality::one,         detail::present<one<T>>,         detail::set<one<T>, T>,
+    detail::oneOrNone<one<T>>, detail::insertOne<one<T>, T>, detail::extractOne<one<T>, T>};
 template <typename T>
-inline constexpr ElementHolder optionalElement{Cardinality::optional, detail::present<optional<T>>,
-                                               detail::set<optional<T>, T>};
+inline constexpr ElementHolder optionalElement{
+    Cardinality::optional,          detail::present<optional<T>>, detail::set<optional<T>, T>,
+    detail::oneOrNone<optional<T>>, detail::insertOptional<T>,    detail::extractOptional<T>};
 template <typename T>
-inline constexpr ElementHolder sequenceElement{Cardinality::sequence, [](const void*) { return false; },
-                                               detail::append<T>};
+inline constexpr ElementHolder sequenceElement{
+    Cardinality::sequence,
+    [](const void*) { return false; },
+    detail::append<T>,
+    [](const void* holder) { return static_cast<const sequence<T>*>(holder)->size(); },
+    detail::insertSequence<T>,
+    detail::extractSequence<T>};
 
 template <typename T>
-inline constexpr AttributeHolder oneAttribute{detail::present<one<T>>, detail::parse<one<T>, T>};
+inline constexpr AttributeHolder oneAttribute{detail::present<one<T>>, detail::parse<one<T>, T>,
+                                              detail::insertAttribute<T>, detail::extractAttribute<one<T>, T>};
 template <typename T>
-inline constexpr AttributeHolder optionalAttribute{detail::present<optional<T>>, detail::parse<optional<T>, T>};
+inline constexpr AttributeHolder optionalAttribute{detail::present<optional<T>>, detail::parse<optional<T>, T>,
+                                                   detail::insertOptionalAttribute<T>,
+                                                   detail::extractOptionalAttribute<T>};
 
 }  // namespace schema

@@ -1,6 +1,7 @@
 // Builds document objects from DOM elements.
 #include <schema/Reader.h>
 
+#include <schema/DocumentOwner.h>
 #include <schema/Text.h>
 
 #include <otx/Stack.h>
@@ -229,6 +230,7 @@ NamespaceId Reader::space(const char16_t* pooled) {
 std::unique_ptr<type> Reader::create(const DomElement& element, Factory factory, TypeName memberType, flags f,
                                      container* owner) {
     if (otx::stackIsLow()) throw NestedTooDeep();
+    otxns::StackUse::note();
     const Scope scope(*this, element);
     if (const Factory made = chosen(scope.typeAttribute, factory)) return made(element, f, owner);
     throw xsd::cxx::tree::no_type_info<char>(memberType.name, memberType.space);

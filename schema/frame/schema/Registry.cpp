@@ -3,6 +3,9 @@
 
 #include <xsd/cxx/tree/type-factory-map.hxx>
 
+#include <map>
+#include <typeindex>
+#include <unordered_map>
 #include <vector>
 
 namespace schema {
@@ -17,7 +20,8 @@ using QualifiedName = FactoryMap::qualified_name;
 struct Maps {
     FactoryMap factories;
     std::vector<Substitute> substitutes;
-    std::size_t types = 0;
+    std::map<QualifiedName, const RegisteredType*> byName;
+    std::unordered_map<std::type_index, const RegisteredType*> byClass;
 };
 
 Maps& maps() {
@@ -28,9 +32,12 @@ Maps& maps() {
 }  // namespace
 
 Registration::Registration(std::span<const RegisteredType> types, std::span<const Substitute> substitutes) {
-    for (const RegisteredType& entry : types)
-        maps().factories.register_type(QualifiedName(entry.name.name, entry.name.space), entry.factory);
-    maps().types += types.size();
+    for (const RegisteredType& entry : types) {
+        const QualifiedName name(entry.name.name, entry.name.space);
+        maps().factories.register_type(name, entry.factory);
+        maps().byName.emplace(name, &entry);
+        maps().byClass.emplace(*entry.identity, &entry);
+    }
     for (const Substitute& entry : substitutes) maps().substitutes.push_back(entry);
 }
 
@@ -38,8 +45,18 @@ Factory findFactory(const std::string& name, const std::string& space) {
     return maps().factories.find(QualifiedName(name, space));
 }
 
+const RegisteredType* findType(const std::string& name, const std::string& space) {
+    const auto found = maps().byName.find(QualifiedName(name, space));
+    return found == maps().byName.end() ? nullptr : found->second;
+}
+
+const RegisteredType* findType(const std::type_info& identity) {
+    const auto found = maps().byClass.find(identity);
+    return found == maps().byClass.end() ? nullptr : found->second;
+}
+
 std::size_t registeredTypes() {
-    return maps().types;
+    return maps().byName.size();
 }
 
 const Substitute* findSubstitute(std::uint8_t group, NameId name, NamespaceId space) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 namespace schema {
 
@@ -13,6 +14,8 @@ struct RegisteredType {
     TypeName name;
     Factory factory;
     const std::type_info* identity;
+    void (*insert)(OutputStream&, const type&);
+    std::unique_ptr<type> (*extract)(InputStream&, flags, container*);
 };
 
 struct Substitute {
@@ -32,6 +35,9 @@ public:
 
 // The factory registered under a qualified name, null if there is none.
 Factory findFactory(const std::string& name, const std::string& space);
+// A registered type by its name or by the class of its objects, null if there is none.
+const RegisteredType* findType(const std::string& name, const std::string& space);
+const RegisteredType* findType(const std::type_info& identity);
 // How many types are registered.
 std::size_t registeredTypes();
 // The member of a substitution group that an element stands for, null if it is none.

@@ -6,12 +6,16 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace schema {
 
 // Positions in the generated lists of names and namespaces; 0 is a name that no class knows.
 using NameId = std::uint16_t;
 using NamespaceId = std::uint8_t;
+
+class InputStream;
+class OutputStream;
 
 using Factory = std::unique_ptr<type> (*)(const DomElement&, flags, container*);
 
@@ -29,6 +33,9 @@ struct ElementHolder {
     bool (*present)(const void* holder);
     // Takes the object over if it is of the holder's type; false if it isn't.
     bool (*take)(void* holder, std::unique_ptr<type>& object);
+    std::size_t (*count)(const void* holder);
+    void (*insert)(const void* holder, OutputStream& stream);
+    void (*extract)(void* holder, InputStream& stream, flags f, container* owner);
 };
 
 struct Element {
@@ -48,6 +55,8 @@ enum class Presence : std::uint8_t { required, optional, defaulted };
 struct AttributeHolder {
     bool (*present)(const void* holder);
     void (*parse)(void* holder, const char16_t* text, const DomElement& element, flags f, container* owner);
+    void (*insert)(const void* holder, OutputStream& stream);
+    void (*extract)(void* holder, InputStream& stream, flags f, container* owner);
 };
 
 struct Attribute {

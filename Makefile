@@ -1,0 +1,44 @@
+# What people call: make demo, make test; everything else is CMake (see CMakePresets.json).
+# The packages that are missing are installed first, with sudo where needed.
+
+JOBS ?= $(shell nproc)
+# The system's own interpreter: others that stand first on the PATH may lack what the tools need.
+CMAKE_FLAGS ?= -DPython3_EXECUTABLE=/usr/bin/python3
+
+.PHONY: all demo test test-release test-asan test-tsan bench clean packages
+
+all: build-release
+
+packages:
+	@tools/install-packages.sh $(EXTRA_PACKAGES)
+
+build-%: packages
+	@cmake --preset $* $(CMAKE_FLAGS) > build-$*.log 2>&1 || { cat build-$*.log; rm -f build-$*.log; exit 1; }
+	@rm -f build-$*.log
+	@cmake --build --preset $* -j $(JOBS)
+
+demo: build-release
+	@echo
+	@echo "velkotx run examples/01-battery-check.otx --args examples/01-battery-check.json"
+	@build/release/bin/velkotx run examples/01-battery-check.otx --args examples/01-battery-check.json
+
+# Every suite in the release build and under the address and undefined behaviour sanitizers.
+test: build-release build-asan
+	@ctest --test-dir build/asan --output-on-failure
+	@ctest --test-dir build/release --output-on-failure
+
+test-release: build-release
+	@ctest --test-dir build/release --output-on-failure
+
+test-asan: build-asan
+	@ctest --test-dir build/asan --output-on-failure
+
+test-tsan: build-tsan
+	@ctest --test-dir build/tsan --output-on-failure
+
+bench: EXTRA_PACKAGES = libbenchmark-dev lua5.4
+bench: build-bench
+	@/usr/bin/python3 bench/table.py build/bench
+
+clean:
+	rm -rf build

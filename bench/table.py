@@ -1,0 +1,82 @@
+"""Runs the suites and their peers and prints one table of ratios: python3 bench/table.py BUILD-FOLDER
+
+The machines are shared and noisy, so that only ratios of medians from one run count.
+"""
+
+import json
+import pathlib
+import statistics
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).parent
+ROUNDS = 7
+# Program: n of the run, and the highest ratio to python3 that is meant to be reached.
+PROGRAMS = {"loop": (300_000, 5.0), "call": (200_000, 6.0), "list": (200_000, 5.0), "fib": (22, 10.0)}
+LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
+
+
+def suite(build, name, pattern=".", *options):
+    command = [str(build / "bin" / name), f"--benchmark_filter={pattern}", "--benchmark_format=json", *options]
+    output = subprocess.run(command, check=True, capture_output=True, text=True).stdout
+    # Aggregates of repetitions carry their own entries; the single runs are what medians are taken of.
+    return {
+        entry["name"].split("/repeats")[0]: entry
+        for entry in json.loads(output)["benchmarks"]
+        if entry.get("run_type") != "aggregate" or entry.get("aggregate_name") == "median"
+    }
+
+
+def peer(command):
+    output = subprocess.run(command, check=True, capture_output=True, text=True).stdout
+    return float(output.split()[0]) * 1e3
+
+
+def programs(build):
+    print(f"{'program':10} {'ours ms':>9} {'python3':>9} {'ratio':>6} {'goal':>6} {'lua5.4':>9} {'ratio':>6}")
+    for name, (n, goal) in PROGRAMS.items():
+        ours, python, lua = [], [], []
+        for _ in range(ROUNDS):
+            # Taken in turns, so that a slow moment of the machine hits all of them.
+            ours.append(suite(build, "bench_programs", f"/{name}$", "--benchmark_min_time=0.1")[f"runProgram/{name}"]["real_time"])
+            python.append(peer(["/usr/bin/python3", str(HERE / "peers/programs.py"), name, str(n)]))
+            lua.append(peer(["lua5.4", str(HERE / "peers/programs.lua"), name, str(n)]))
+        mine, theirs, other = map(statistics.median, (ours, python, lua))
+        print(f"{name:10} {mine:9.2f} {theirs:9.2f} {mine / theirs:6.2f} {goal:6.2f} {other:9.2f} {mine / other:6.2f}")
+
+
+def jumps(build):
+    runs = suite(build, "bench_programs", "(loop|call|return|continue)$", "--benchmark_repetitions=5")
+    per = {name: runs[f"runProgram/{name}_median"]["real_time"] * 1e3 / runs[f"runProgram/{name}_median"]["n"]
+           for name in ("loop", "call", "return", "continue")}
+    print(f"\n{'jump':28} {'us':>6} {'goal':>6}")
+    print(f"{'Continue out of a loop body':28} {per['continue'] - per['loop']:6.2f} {1.2:6.2f}")
+    print(f"{'Return out of a procedure':28} {per['return'] - per['call']:6.2f} {1.2:6.2f}")
+
+
+def load(build):
+    runs = suite(build, "bench_load", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
+    print(f"\n{'load XML':10} {'ours ms':>9} {'parser':>9} {'ratio':>6} {'goal':>6}")
+    for size, goal in LOAD_GOALS.items():
+        mine = runs[f"loadWhole/{size}_median"]["real_time"]
+        bare = runs[f"parseOnly/{size}_median"]["real_time"]
+        print(f"{f'{size} MB':10} {mine:9.2f} {bare:9.2f} {mine / bare:6.2f} {goal:6.2f}")
+
+
+def values(build):
+    runs = suite(build, "bench_values", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
+    lock = runs["recursiveLock_median"]["real_time"]
+    print(f"\n{'operation':20} {'ns':>8} {'of a lock':>10}")
+    for name, run in runs.items():
+        print(f"{name.removesuffix('_median'):20} {run['real_time']:8.1f} {run['real_time'] / lock:10.2f}")
+
+
+def main():
+    build = pathlib.Path(sys.argv[1])
+    programs(build)
+    jumps(build)
+    load(build)
+    values(build)
+
+
+main()

@@ -1,0 +1,39 @@
+// Texts of documents on one line of a terminal.
+#include "program/OneLine.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using velkotx::host::oneLine;
+
+TEST(OneLine, KeepsPlainText) {
+    EXPECT_EQ(oneLine("Spannung 3,6 V \xE2\x82\xAC \xC3\xA4\xC2\xA0x \\n"), "Spannung 3,6 V \xE2\x82\xAC \xC3\xA4\xC2\xA0x \\n");
+    EXPECT_EQ(oneLine(""), "");
+}
+
+TEST(OneLine, EscapesLineBreaks) {
+    EXPECT_EQ(oneLine("first\nsecond\r\tthird"), "first\\nsecond\\x0D\\tthird");
+}
+
+TEST(OneLine, CutsWhiteSpaceAtTheEnd) {
+    EXPECT_EQ(oneLine("  text \r\n\n"), "  text");
+    EXPECT_EQ(oneLine("\n\n"), "");
+}
+
+TEST(OneLine, EscapesWhatControlsATerminal) {
+    EXPECT_EQ(oneLine("\x1B[31mred\x7F"), "\\x1B[31mred\\x7F");
+    EXPECT_EQ(oneLine(std::string_view("a\0b", 3)), "a\\x00b");
+    EXPECT_EQ(oneLine("a\xC2\x9B" "31m"), "a\\xC2\\x9B31m");
+}
+
+TEST(OneLine, EscapesLineSeparatorsOfUnicode) {
+    EXPECT_EQ(oneLine("a\xE2\x80\xA8" "b\xE2\x80\xA9" "c"), "a\\xE2\\x80\\xA8b\\xE2\\x80\\xA9c");
+}
+
+TEST(OneLine, TakesBrokenUtf8) {
+    EXPECT_EQ(oneLine("a\xC2"), "a\xC2");
+    EXPECT_EQ(oneLine("\xE2\x80"), "\xE2\x80");
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+// The operations of OTX::IString over plain texts.
+#include "StringOperations.h"
+
+#include <otx/value/COtxList.h>
+#include <otx/value/IString.h>
+
+#include "NumberValues.h"
+#include "Refusal.h"
+#include "TextValues.h"
+#include "Utf8.h"
+
+namespace otx {
+
+namespace {
+
+// A position or count, which must not be negative.
+std::size_t natural(const COtxValue& number, const char* operation) {
+    const long long value = number.Int();
+    if (value < 0)
+        fail(OTX::Exceptions_e::OutOfBoundsException, std::string(operation) + ": negative " + std::to_string(value));
+    return static_cast<std::size_t>(value);
+}
+
+std::size_t position(const std::string& text, const COtxValue& index, const char* operation) {
+    const std::size_t value = natural(index, operation);
+    if (value > countCharacters(text))
+        fail(OTX::Exceptions_e::OutOfBoundsException,
+             std::string(operation) + ": index " + std::to_string(value) + " is outside the string");
+    return byteOfCharacter(text, value);
+}
+
+COtxValue mapped(const std::string& text, char32_t (*mapping)(char32_t) noexcept) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::string_view rest = text; !rest.empty();) {
+        const char byte = rest.front();
+        if (const auto character = takeCharacter(rest))
+            appendUtf8(result, mapping(*character));
+        else
+            result += byte;
+    }
+    return makeText(std::move(result));
+}
+
+}  // namespace
+
+COtxValue stringLength(const std::string& text) { return makeInteger(static_cast<long long>(countCharacters(text))); }
+
+COtxValue stringIndexOf(const std::string& text, const COtxValue& pattern) {
+    const std::size_t found = text.find(pattern.String());
+    if (found == std::string::npos) return makeInteger(-1);
+    return makeInteger(static_cast<long long>(countCharacters(std::string_view(text).substr(0, found))));
+}
+
+COtxValue stringSubString(const std::string& text, const COtxValue& index, const COtxValue& count) {
+    const std::size_t begin = position(text, index, "SubString");
+    const std::string_view rest = std::string_view(text).substr(begin);
+    return makeText(std::string(rest.substr(0, byteOfCharacter(rest, natural(count, "SubString")))));
+}
+
+COtxValue stringReplace(const std::string& text, const COtxValue& replacement, const COtxValue& index) {
+    const std::string& written = replacement.String();
+    const std::size_t begin = position(text, index, "Replace");
+    const std::string_view rest = std::string_view(text).substr(begin);
+    std::string result = text.substr(0, begin) + written;
+    result += rest.substr(byteOfCharacter(rest, countCharacters(written)));
+    return makeText(std::move(result));
+}
+
+COtxValue stringSplit(const std::string& text, const COtxValue& delimiter) {
+    const std::string& mark = delimiter.String();
+    if (mark.empty()) fail(OTX::Exceptions_e::StringUtilException, "Split: the delimiter is empty");
+    std::vector<COtxValue> parts;
+    std::size_t begin = 0;
+    for (std::size_t end = text.find(mark); end != std::string::npos; end = text.find(mark, begin)) {
+        parts.push_back(makeText(text.substr(begin, end - begin)));
+        begin = end + mark.size();
+    }
+    parts.push_back(makeText(text.substr(begin)));
+    return COtxList(std::move(parts));
+}
+
+COtxValue stringToUpper(const std::string& text) { return mapped(text, toUpper); }
+COtxValue stringToLower(const std::string& text) { return mapped(text, toLower); }
+
+}  // namespace otx

@@ -1,0 +1,87 @@
+// UTF-8 and its characters.
+#include "Utf8.h"
+
+#include <algorithm>
+
+namespace otx {
+
+namespace {
+
+bool isContinuation(char byte) noexcept { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+bool isAscii(std::string_view text) noexcept {
+    return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+}  // namespace
+
+std::optional<char32_t> takeCharacter(std::string_view& text) noexcept {
+    const auto lead = static_cast<unsigned char>(text.front());
+    std::size_t length = 1;
+    char32_t character = lead;
+    char32_t smallest = 0;
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+        character = lead & 0x1Fu;
+        smallest = 0x80;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        character = lead & 0x0Fu;
+        smallest = 0x800;
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        character = lead & 0x07u;
+        smallest = 0x10000;
+    }
+    bool valid = length > 1 || lead < 0x80;
+    for (std::size_t place = 1; valid && place < length; ++place) {
+        valid = place < text.size() && isContinuation(text[place]);
+        if (valid) character = character << 6 | (static_cast<unsigned char>(text[place]) & 0x3Fu);
+    }
+    valid = valid && character >= smallest && character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
+    text.remove_prefix(valid ? length : 1);
+    if (!valid) return std::nullopt;
+    return character;
+}
+
+void appendUtf8(std::string& text, char32_t character) {
+    const auto put = [&text](char32_t byte) { text += static_cast<char>(static_cast<unsigned char>(byte)); };
+    if (character < 0x80) {
+        put(character);
+    } else if (character < 0x800) {
+        put(0xC0 | character >> 6);
+        put(0x80 | (character & 0x3F));
+    } else if (character < 0x10000) {
+        put(0xE0 | character >> 12);
+        put(0x80 | (character >> 6 & 0x3F));
+        put(0x80 | (character & 0x3F));
+    } else {
+        put(0xF0 | character >> 18);
+        put(0x80 | (character >> 12 & 0x3F));
+        put(0x80 | (character >> 6 & 0x3F));
+        put(0x80 | (character & 0x3F));
+    }
+}
+
+std::size_t countCharacters(std::string_view text) noexcept {
+    if (isAscii(text)) return text.size();
+    std::size_t count = 0;
+    for (; !text.empty(); ++count) takeCharacter(text);
+    return count;
+}
+
+std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept {
+    if (isAscii(text)) return std::min(position, text.size());
+    std::string_view rest = text;
+    for (; position > 0 && !rest.empty(); --position) takeCharacter(rest);
+    return text.size() - rest.size();
+}
+
+std::u32string decodeUtf8(std::string_view text) {
+    std::u32string characters;
+    characters.reserve(text.size());
+    while (!text.empty()) characters += takeCharacter(text).value_or(replacementCharacter);
+    return characters;
+}
+
+}  // namespace otx

@@ -1,0 +1,39 @@
+// Cancelling a whole run.
+#include <OTXContext/OtxContext.h>
+#include <OTXHMIIF/HMI.h>
+#include <otx/event/COtxEventSource.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace otxns {
+
+// A run that isn't the first of its context has no flow 0: its flows end all the same, and the caller gets the failure
+// before the event sources are closed. This is meant.
+void OtxContext::CancelAll() {
+    markCancelled();
+    if (hmi != nullptr) hmi->closeAll();
+    const auto thread = firstFlow();
+    COtxEventSource::CloseAll(thread);
+    COtxEventSource::ThreadGroup().RemoveRoot(thread);
+}
+
+void OtxContext::markCancelled() {
+    const std::lock_guard guard(flowLock);
+    for (auto& [thread, flow] : flows) {
+        const std::lock_guard own(flow.lock);
+        flow.state = FlowState::cancelled;
+        ++flow.resumes;
+        flow.wake.notify_all();
+    }
+}
+
+std::thread::id OtxContext::firstFlow() const {
+    const std::lock_guard guard(flowLock);
+    const auto found =
+        std::find_if(flows.begin(), flows.end(), [](const auto& entry) { return entry.second.flowId == 0; });
+    if (found == flows.end()) throw std::runtime_error("Invalid thread id: 0");
+    return found->first;
+}
+
+}  // namespace otxns

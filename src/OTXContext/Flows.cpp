@@ -1,0 +1,49 @@
+// The flows of a run: one for each thread that runs sequence code.
+#include <OTXContext/OtxContext.h>
+
+#include <stdexcept>
+
+namespace otxns {
+
+constinit thread_local OtxContext::Recent OtxContext::recent{};
+
+void OtxContext::BeginFlow(FlowState state, std::thread::id parent) {
+    const std::lock_guard guard(flowLock);
+    vars.newStack(parent);
+    const unsigned id = nextFlowId++;
+    const auto thread = std::this_thread::get_id();
+    // The record of a run that ended in an exception stays, with its old number.
+    const auto entry = flows.try_emplace(thread, id, state).first;
+    recent = {serial_, &entry->second};
+    SetFlowState(state, thread);
+}
+
+void OtxContext::EndFlow(std::thread::id thread) {
+    const std::lock_guard guard(flowLock);
+    vars.deleteStack();
+    recent = {};
+    flows.erase(thread);
+}
+
+OtxFlow& OtxContext::FlowOf(std::thread::id thread) {
+    const std::lock_guard guard(flowLock);
+    const auto found = flows.find(thread);
+    if (found == flows.end()) throw std::out_of_range("invalid map<K, T> key");
+    return found->second;
+}
+
+OtxFlow& OtxContext::findOwnFlow(std::thread::id thread) {
+    OtxFlow& flow = FlowOf(thread);
+    recent = {serial_, &flow};
+    return flow;
+}
+
+void OtxContext::SetFlowState(FlowState state, std::thread::id thread) {
+    const std::lock_guard guard(flowLock);
+    const auto found = flows.find(thread);
+    if (found == flows.end()) return;
+    const std::lock_guard own(found->second.lock);
+    found->second.state = state;
+}
+
+}  // namespace otxns

@@ -1,0 +1,14 @@
+// The Assignment action.
+#include <OTXCoreTerms/Evaluate.h>
+#include <Trace.h>
+
+namespace otxns {
+
+template <>
+void Assignment_impl<Assignment_base>::exec(OtxContext& context) const {
+    const COtxValue value = evaluate(term(), context);
+    OTX_TRACE(3, ":Assigning: " << value << ", type " << value.stringType() << " to " << result().name());
+    result().write(context, value);
+}
+
+}  // namespace otxns

@@ -1,0 +1,30 @@
+// The nodes that leave a flow: Return, Break, Continue, TerminateLanes.
+#include <OTXCoreActions/ControlExceptions.h>
+#include <Trace.h>
+#include <schema/core.h>
+
+namespace otxns {
+
+template <>
+void Return_impl<Return_base>::exec(OtxContext&) const {
+    OTX_TRACE(4, "Return");
+    throw velkotx::ReturnException(id());
+}
+
+template <>
+void Break_impl<Break_base>::exec(OtxContext&) const {
+    throw velkotx::BreakException(target().present() ? std::string(target().get()) : std::string());
+}
+
+template <>
+void Continue_impl<Continue_base>::exec(OtxContext&) const {
+    throw velkotx::ContinueException(target().present() ? std::string(target().get()) : std::string());
+}
+
+template <>
+void TerminateLanes_impl<TerminateLanes_base>::exec(OtxContext&) const {
+    OTX_TRACE(4, "TerminateLanes");
+    throw velkotx::CancelException();
+}
+
+}  // namespace otxns

@@ -1,0 +1,36 @@
+// The ForLoop: counts from start to end, both included. The end is evaluated once.
+#include <OTXCoreActions/LoopBody.h>
+#include <OTXCoreTerms/Evaluate.h>
+#include <otx/value/COtxInt.h>
+
+#include <limits>
+
+namespace otxns {
+
+namespace {
+
+// The value library's overflow at the last integer.
+long long following(long long number) {
+    if (number < std::numeric_limits<long long>::max()) [[likely]]
+        return number + 1;
+    return (COtxInt(number) + COtxInt(1)).Int();
+}
+
+}  // namespace
+
+// The counter is read back after each iteration, so a body that assigns it moves the loop. It ends as the end plus 1, or
+// after a Break as the value at the head of the iteration that broke; both are meant. A Break for an outer loop passes
+// before the counter is written.
+template <>
+void ForLoop_impl<ForLoop_base>::exec(OtxContext& context, const Flow& body, const OtxName& loopName) const {
+    long long i = evaluateInteger(start(), context);
+    const long long last = evaluateInteger(end(), context);
+    while (i <= last) {
+        counter().write(context, COtxInt(i));
+        if (iterate(body, context, loopName) == Iteration::left) break;
+        i = following(counter().read(context).Int());
+    }
+    counter().write(context, COtxInt(i));
+}
+
+}  // namespace otxns

@@ -1,0 +1,75 @@
+// The actions that change a list through the live handle that its variable answers.
+#include <OTXCoreTerms/Evaluate.h>
+#include <otx/value/COtxException.h>
+
+#include <string>
+#include <vector>
+
+namespace otxns {
+
+namespace {
+
+[[noreturn]] void raiseOutOfBounds(int index, std::size_t size) {
+    throw COtxException(OTX::Exceptions_e::OutOfBoundsException,
+                        "Index " + std::to_string(index) + " out side list bounds. Size = " + std::to_string(size));
+}
+
+bool isWithin(long long place, const std::vector<COtxValue>& items) {
+    return place >= 0 && place <= static_cast<long long>(items.size());
+}
+
+}  // namespace
+
+// A term that gives a list adds that list as one element.
+template <>
+void ListAppendItems_impl<ListAppendItems_base>::exec(OtxContext& context) const {
+    const COtxValue target = list().read(context);
+    for (const Term& term : item()) {
+        COtxValue value = evaluate(term, context);
+        target.List().push_back(std::move(value));
+    }
+}
+
+template <>
+void ListConcatenate_impl<ListConcatenate_base>::exec(OtxContext& context) const {
+    const COtxValue target = list().read(context);
+    for (const ListTerm& term : otherList()) {
+        const COtxValue other = evaluate(term, context);
+        // By place and with room made first: the other list may be the target itself.
+        const std::size_t count = other.List().size();
+        std::vector<COtxValue>& items = target.List();
+        if (items.capacity() - items.size() < count) items.reserve(std::max(items.size() + count, 2 * items.size()));
+        for (std::size_t i = 0; i < count; ++i) items.push_back(other.List()[i]);
+    }
+}
+
+// The index is checked before any item is evaluated.
+template <>
+void ListInsertItems_impl<ListInsertItems_base>::exec(OtxContext& context) const {
+    const COtxValue target = list().read(context);
+    std::vector<COtxValue>& items = target.List();
+    const int place = evaluateInt32(index(), context);
+    if (!isWithin(place, items)) raiseOutOfBounds(place, items.size());
+    std::vector<COtxValue> added;
+    for (const Term& term : item()) added.push_back(evaluate(term, context));
+    items.insert(items.begin() + place, std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+}
+
+template <>
+void ListRemoveItems_impl<ListRemoveItems_base>::exec(OtxContext& context) const {
+    const COtxValue target = list().read(context);
+    std::vector<COtxValue>& items = target.List();
+    const int first = evaluateInt32(index(), context);
+    const int number = evaluateInt32(count(), context);
+    // A bad count is reported with the index; this is meant.
+    if (first < 0 || number < 0 || !isWithin(static_cast<long long>(first) + number, items))
+        raiseOutOfBounds(first, items.size());
+    items.erase(items.begin() + first, items.begin() + first + number);
+}
+
+template <>
+void ListClear_impl<ListClear_base>::exec(OtxContext& context) const {
+    list().read(context).List().clear();
+}
+
+}  // namespace otxns

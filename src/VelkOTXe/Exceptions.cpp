@@ -1,0 +1,18 @@
+// The exceptions of the boundary.
+#include <velkotx/Exceptions.h>
+#include <velkotx/LoopExceptions.h>
+
+namespace velkotx {
+
+BoundaryException::BoundaryException(const std::string& what, const std::string& text)
+    : std::runtime_error(what), text_(text) {}
+
+BoundaryException::~BoundaryException() = default;
+OTXRuntimeException::~OTXRuntimeException() = default;
+OTXSequenceException::~OTXSequenceException() = default;
+
+LoopException::~LoopException() = default;
+BreakException::~BreakException() = default;
+ContinueException::~ContinueException() = default;
+
+}  // namespace velkotx

@@ -1,0 +1,49 @@
+// Reads a document from the compiled form.
+#include <Trace.h>
+#include <VelkOTXe/Sequencer_impl.h>
+#include <schema/DocumentOwner.h>
+#include <schema/Streams.h>
+#include <schema/core.h>
+
+#include <ace/CDR_Stream.h>
+
+#include <istream>
+#include <iterator>
+#include <stdexcept>
+#include <vector>
+
+namespace otxns {
+
+namespace {
+
+constexpr int littleEndian = 1;
+constexpr ACE_CDR::Octet majorVersion = 1;
+constexpr ACE_CDR::Octet minorVersion = 2;
+
+// The whole file in one piece of memory, on the border to which its fields are aligned.
+std::vector<char> contentOf(std::istream& document) {
+    std::vector<char> bytes;
+    constexpr std::size_t initialSize = 4096;
+    bytes.reserve(initialSize);
+    bytes.assign(std::istreambuf_iterator<char>(document.rdbuf()), {});
+    return bytes;
+}
+
+}  // namespace
+
+void Sequencer_impl::LoadCDR(std::istream& document) {
+    OTX_TRACE(4, "");
+    try {
+        const std::vector<char> bytes = contentOf(document);
+        ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);
+        schema::InputStream stream(input);
+        const StackUse use;
+        auto tree = std::make_unique<Otx>(stream, schema::flags(0), nullptr);
+        otx = ownDocument(std::move(tree), use);
+    } catch (std::exception& failure) {
+        OTX_TRACE(0, failure.what());
+        throw std::runtime_error(std::string("VelkOTX CDR Parsing Exception: ") + failure.what());
+    }
+}
+
+}  // namespace otxns

@@ -1,0 +1,40 @@
+// Reads a document from XML.
+#include <Trace.h>
+#include <VelkOTXe/Sequencer_impl.h>
+#include <schema/Document.h>
+#include <schema/DocumentOwner.h>
+#include <schema/core.h>
+
+#include <locale>
+#include <sstream>
+#include <stdexcept>
+
+namespace otxns {
+
+namespace {
+
+// The tree runtime's printed form, which names the elements and places; what() has only the kind of the failure.
+std::string printed(const schema::Exception& failure) {
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << failure;
+    return out.str();
+}
+
+}  // namespace
+
+void Sequencer_impl::LoadXML(std::istream& document) {
+    OTX_TRACE(4, "");
+    try {
+        const xsd::cxx::tree::properties<char> properties;
+        const StackUse use;
+        auto tree = otxns::otx(document, schema::flags::dont_validate, properties);
+        otx = ownDocument(std::move(tree), use);
+    } catch (schema::Exception& failure) {
+        const std::string cause = printed(failure);
+        OTX_TRACE(0, cause);
+        throw std::runtime_error("VelkOTX XML Parsing Exception: " + cause);
+    }
+}
+
+}  // namespace otxns

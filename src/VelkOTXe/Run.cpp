@@ -1,0 +1,92 @@
+// The driver of a run.
+#include <OTXContext/OtxContext.h>
+#include <OTXCoreActions/ArgumentMap.h>
+#include <OTXCoreActions/ControlExceptions.h>
+#include <OTXHMIIF/HMI.h>
+#include <Trace.h>
+#include <Unwind.h>
+#include <VelkOTXe/Boundary.h>
+#include <VelkOTXe/Sequencer_impl.h>
+#include <otx/value/COtxMap.h>
+#include <otx/value/COtxString.h>
+#include <otx/value/Functions.h>
+#include <schema/core.h>
+
+#include <deque>
+#include <exception>
+
+namespace otxns {
+
+namespace {
+
+using Cells = ArgumentMap<std::shared_ptr<OtxVariable>>;
+
+std::exception_ptr cancellation() {
+    OTX_TRACE(3, "sequence cancelled");
+    return std::make_exception_ptr(velkotx::OTXRuntimeException("cancelled", ""));
+}
+
+// The out parameters, ready for a JSON message.
+COtxValue published(const Cells& out) {
+    std::map<const std::string, COtxValue> entries;
+    for (const auto& [name, cell] : out) {
+        const COtxValue value = cell->Value();
+        value.SetOTXJSON(true);
+        entries.emplace(name->text(), value);
+    }
+    return COtxMap(entries);
+}
+
+}  // namespace
+
+COtxValue Sequencer_impl::Run(const std::string& procedure, const COtxValue& arguments, bool startStopped) {
+    OTX_TRACE(3, "\n<========== Run Sequence " << procedure << " ==========>");
+    if (otx == nullptr) throw velkotx::OTXRuntimeException("No sequence loaded", "");
+    COtxValue result;
+    try {
+        context->PrepareRun(otx);
+        result = OtxMain(procedure, arguments, startStopped);
+    } catch (COtxValue& exception) {
+        leaveAsSequenceException(exception);
+    }
+    OTX_TRACE(3, "\n<========== Exit Sequence " << procedure << " ==========>");
+    return result;
+}
+
+// After a failure the flow and its frames stay: the next run of the thread takes them over.
+COtxValue Sequencer_impl::OtxMain(const std::string& procedure, const COtxValue& arguments, bool startStopped) {
+    const ProcedureTable::Entry* const entry = context->Procedures().find(procedure);
+    if (entry == nullptr) throw velkotx::OTXRuntimeException("procedure " + procedure + " not found", "");
+    std::deque<Name> names;
+    ArgumentMap<COtxValue> in;
+    for (const auto& [name, value] : OTX::ValMap(arguments)) in.insert(names.emplace_back(name), value);
+    Cells inout;
+    Cells out;
+    COtxValue result;
+    std::exception_ptr failure;
+    const auto thread = std::this_thread::get_id();
+    context->BeginFlow(startStopped ? FlowState::stopping : FlowState::running);
+    context->Variables().push(*entry->name);
+    try {
+        entry->realisation->exec(*context, in, inout, out);
+        result = published(out);
+        OTX_TRACE(3, "sequence finished");
+    } catch (velkotx::CancelException&) {
+        failure = cancellation();
+    }
+    OTX_PASS_FORCED_UNWIND
+    catch (...) {
+        if (context->FlowOf(thread).state == FlowState::cancelled) {
+            failure = cancellation();
+        } else {
+            OTX_TRACE(3, "sequence finished with unhandled exception");
+            failure = std::current_exception();
+        }
+    }
+    if (failure != nullptr) std::rethrow_exception(failure);
+    context->HMI().closeAll();
+    context->EndFlow(thread);
+    return result;
+}
+
+}  // namespace otxns

@@ -1,0 +1,214 @@
+# What a case file can't hold: Ctrl-C, terminals, outputs that can't be written, the trace.
+
+import argparse
+import json
+import os
+import pathlib
+import pty
+import re
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import inputs
+
+OPTIONS = None
+LIMIT_IN_SECONDS = 300  # ends a program that hangs; no test relies on it
+
+
+def command(*words):
+    return [OPTIONS.velkotx, *words]
+
+
+def example(name):
+    return os.path.join(OPTIONS.examples, name)
+
+
+class Running:
+    """A started program whose standard error is read line by line."""
+
+    def __init__(self, *words):
+        self.process = subprocess.Popen(
+            command(*words),
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            text=True,
+            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),  # a background job's children ignore it
+        )
+
+    def wait_for_line(self, text):
+        for line in self.process.stderr:
+            if text in line:
+                return
+        raise AssertionError(f"the program ended without a line with '{text}'")
+
+    def interrupt(self):
+        self.process.send_signal(signal.SIGINT)
+
+    def finish(self):
+        out, err = self.process.communicate(timeout=LIMIT_IN_SECONDS)
+        return self.process.returncode, out, err.splitlines()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.communicate()
+
+
+class CtrlC(unittest.TestCase):
+    def test_once_cancels_the_run(self):
+        with Running("run", example("07-soak-test.otx"), "--log", "3") as program:
+            program.wait_for_line(":Assigning: ")
+            program.interrupt()
+            status, out, err = program.finish()
+        self.assertEqual((status, out), (4, ""))
+        self.assertEqual(err[-1], example("07-soak-test.otx") + ": cancelled")
+
+    def test_outcome_as_json(self):
+        with Running("run", example("07-soak-test.otx"), "--log", "3", "--json") as program:
+            program.wait_for_line(":Assigning: ")
+            program.interrupt()
+            status, out, _ = program.finish()
+        self.assertEqual(status, 4)
+        self.assertEqual(out, '{"outcome":"cancelled","what":"cancelled","text":""}\n')
+
+    def test_before_the_first_node(self):
+        # The banner stands before the run has a flow that could be cancelled.
+        with Running("run", example("07-soak-test.otx"), "--log", "3") as program:
+            program.wait_for_line("Run Sequence main")
+            program.interrupt()
+            status, _, _ = program.finish()
+        self.assertEqual(status, 4)
+
+    def test_twice_ends_the_program(self):
+        with tempfile.TemporaryDirectory() as folder:
+            document = pathlib.Path(folder) / "endless.otx"
+            document.write_text(inputs.generate("endless-term"))
+            # The first one is taken but can't end the term. Each cancel is a command, which the trace has at level 2.
+            with Running("run", str(document), "--log", "3") as program:
+                program.wait_for_line(":Assigning: ")
+                program.interrupt()
+                program.wait_for_line("Sequencer_impl::Control")
+                program.interrupt()
+                status, out, _ = program.finish()
+        self.assertEqual((status, out), (-signal.SIGINT, ""))
+
+
+def run_on_terminal(words, environment):
+    """Standard output and standard error of a program that has a terminal for both."""
+    outer, inner = pty.openpty()
+    process = subprocess.Popen(
+        command(*words), stdin=subprocess.DEVNULL, stdout=inner, stderr=inner, env={"TERM": "xterm", **environment}
+    )
+    os.close(inner)
+    output = b""
+    while True:
+        try:
+            piece = os.read(outer, 4096)
+        except OSError:  # the program has closed the terminal
+            break
+        if not piece:
+            break
+        output += piece
+    os.close(outer)
+    process.wait()
+    return output.decode()
+
+
+class Terminal(unittest.TestCase):
+    ESCAPE = "\x1b["
+
+    def test_colour_on_a_terminal(self):
+        output = run_on_terminal(["run", example("04-sort.otx")], {})
+        self.assertIn(self.ESCAPE + "1mmedian" + self.ESCAPE + "0m = 25", output)
+
+    def test_failure_in_colour(self):
+        output = run_on_terminal(["run", "nowhere.otx"], {})
+        self.assertIn("nowhere.otx: " + self.ESCAPE + "31m", output)
+
+    def test_no_colour_with_NO_COLOR(self):
+        for words in (["run", example("04-sort.otx")], ["run", "nowhere.otx"], ["info", example("04-sort.otx")]):
+            self.assertNotIn("\x1b", run_on_terminal(words, {"NO_COLOR": "1"}))
+
+    def test_empty_NO_COLOR_counts_as_unset(self):
+        self.assertIn(self.ESCAPE, run_on_terminal(["run", example("04-sort.otx")], {"NO_COLOR": ""}))
+
+    def test_no_colour_on_a_dumb_terminal(self):
+        self.assertNotIn("\x1b", run_on_terminal(["run", example("04-sort.otx")], {"TERM": "dumb"}))
+
+    def test_no_colour_in_json(self):
+        self.assertNotIn("\x1b", run_on_terminal(["run", example("04-sort.otx"), "--json"], {}))
+
+
+class Outputs(unittest.TestCase):
+    def test_full_standard_output(self):
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run(command("run", example("04-sort.otx")), stdout=full, stderr=subprocess.PIPE, text=True)
+        self.assertEqual(done.returncode, 3)
+        self.assertEqual(done.stderr, "velkotx: standard output can't be written\n")
+
+    def test_unreadable_document(self):
+        if os.geteuid() == 0:
+            self.skipTest("the superuser reads every file")
+        with tempfile.TemporaryDirectory() as folder:
+            document = pathlib.Path(folder) / "locked.otx"
+            document.touch(mode=0)
+            done = subprocess.run(command("run", str(document)), capture_output=True, text=True)
+        self.assertEqual(done.returncode, 2)
+        self.assertEqual(done.stderr, f"{document}: Permission denied\n")
+
+    def test_document_through_a_pipe(self):
+        with tempfile.TemporaryDirectory() as folder:
+            pipe = os.path.join(folder, "pipe")
+            os.mkfifo(pipe)
+            with open(example("04-sort.otx"), "rb") as document:
+                text = document.read()
+            process = subprocess.Popen(command("run", pipe, "--json"), stdout=subprocess.PIPE)
+            with open(pipe, "wb") as end:
+                end.write(text)
+            out, _ = process.communicate(timeout=LIMIT_IN_SECONDS)
+        self.assertEqual(json.loads(out)["outcome"], "finished")
+
+
+class Trace(unittest.TestCase):
+    LINE = re.compile(r"^[0-9a-f]+:[A-Za-z0-9]+[^:]*:[0-9]+:[^ ]*.*:")
+
+    def trace(self, level):
+        done = subprocess.run(
+            command("run", example("04-sort.otx"), "--log", str(level), "--json"), capture_output=True, text=True
+        )
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(json.loads(done.stdout)["outcome"], "finished")
+        return done.stderr
+
+    def test_nothing_at_level_0(self):
+        self.assertEqual(self.trace(0), "")
+
+    def test_milestones_at_level_3(self):
+        text = self.trace(3)
+        self.assertIn("\n<========== Run Sequence main ==========>\n", text)
+        self.assertIn("\n<========== Exit Sequence main ==========>\n", text)
+        for line in text.splitlines():
+            if not line.startswith("<=========="):
+                self.assertRegex(line, self.LINE)
+
+    def test_more_at_level_4(self):
+        self.assertGreater(len(self.trace(4)), len(self.trace(3)))
+
+
+def main():
+    global OPTIONS
+    parser = argparse.ArgumentParser(description="Tests velkotx with signals and terminals.")
+    parser.add_argument("--velkotx", required=True, type=os.path.abspath)
+    parser.add_argument("--examples", required=True, type=os.path.abspath)
+    OPTIONS, rest = parser.parse_known_args()
+    unittest.main(argv=[sys.argv[0], *rest])
+
+
+if __name__ == "__main__":
+    main()

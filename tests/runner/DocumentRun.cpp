@@ -1,0 +1,73 @@
+// Runs one document as its expectation file says.
+#include "DocumentRun.h"
+
+#include "Loading.h"
+#include "Outcome.h"
+#include "RecordingHost.h"
+#include "Stepper.h"
+#include "TraceRecorder.h"
+#include "Transcript.h"
+
+#include <otx/value/Json.h>
+#include <velkotx/Sequencer.h>
+
+#include <cxxabi.h>
+
+#include <memory>
+#include <optional>
+
+namespace documents {
+
+namespace {
+
+std::string outcomeOf(velkotx::Sequencer& sequencer, const Step& step, bool startStopped) {
+    const COtxValue arguments = OTX::FromJSON(step.json);
+    try {
+        return finishedOutcome(sequencer.Run(step.procedure, arguments, startStopped));
+    } catch (abi::__forced_unwind&) {
+        throw;
+    } catch (...) {
+        return failedOutcome();
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode) {
+    Transcript transcript;
+    const TraceRecorder recorder(script.trace, transcript);
+
+    std::shared_ptr<velkotx::Sequencer> sequencer;
+    try {
+        sequencer = velkotx::CreateSequencer(*streamOf(document));
+    } catch (abi::__forced_unwind&) {
+        throw;
+    } catch (...) {
+        transcript.add(unloadableOutcome());
+        return transcript.lines();
+    }
+    if (mode == Mode::compiled) sequencer = loadedFromCompiledForm(*sequencer);
+
+    const auto host = std::make_shared<RecordingHost>(transcript, script.stopKeys);
+    if (script.withHost) sequencer->SetHost(host);
+    const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
+    for (const Step& step : script.steps) {
+        if (step.kind == Step::Kind::context) {
+            sequencer->SetContextVariables(OTX::FromJSON(step.json));
+        } else if (step.kind == Step::Kind::translations) {
+            sequencer->SetTranslations(OTX::FromJSON(step.json));
+        } else if (stepped) {
+            Stepper stepper(*sequencer);
+            host->stepWith(&stepper);
+            const std::string outcome = outcomeOf(*sequencer, step, true);
+            host->stepWith(nullptr);
+            stepper.finish();
+            transcript.add(outcome);
+        } else {
+            transcript.add(outcomeOf(*sequencer, step, false));
+        }
+    }
+    return transcript.lines();
+}
+
+}  // namespace documents

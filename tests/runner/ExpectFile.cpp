@@ -1,0 +1,91 @@
+// An expectation file: what to run, and what must come of it.
+#include "ExpectFile.h"
+
+#include <charconv>
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+namespace documents {
+
+namespace {
+
+// The first word of a text, and the rest behind the blanks.
+std::pair<std::string, std::string> split(const std::string& text) {
+    const auto end = text.find(' ');
+    if (end == std::string::npos) return {text, ""};
+    const auto rest = text.find_first_not_of(' ', end);
+    return {text.substr(0, end), rest == std::string::npos ? "" : text.substr(rest)};
+}
+
+std::vector<std::string> words(std::string text) {
+    std::vector<std::string> result;
+    while (!text.empty()) {
+        auto [word, rest] = split(text);
+        result.push_back(std::move(word));
+        text = std::move(rest);
+    }
+    return result;
+}
+
+}  // namespace
+
+ExpectFile::ExpectFile(const std::filesystem::path& path) : path_(path) {
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error("can't read " + path.string());
+    for (std::string line; std::getline(file, line);) {
+        if (!line.starts_with('%')) {
+            transcript_.push_back(line);
+        } else if (!transcript_.empty()) {
+            throw std::runtime_error("a directive behind the transcript: " + line);
+        } else {
+            directives_.push_back(line);
+            readDirective(line);
+        }
+    }
+    bool runs = false;
+    for (const Step& step : script_.steps) runs = runs || step.kind == Step::Kind::run;
+    if (!runs) script_.steps.push_back({Step::Kind::run, "main", "{}"});
+}
+
+void ExpectFile::readDirective(const std::string& line) {
+    const auto [directive, rest] = split(line.substr(1));
+    if (directive == "run") {
+        const auto [procedure, json] = split(rest);
+        if (procedure.empty()) throw std::runtime_error("no procedure: " + line);
+        script_.steps.push_back({Step::Kind::run, procedure, json.empty() ? "{}" : json});
+    } else if (directive == "context") {
+        script_.steps.push_back({Step::Kind::context, "", rest});
+    } else if (directive == "translations") {
+        script_.steps.push_back({Step::Kind::translations, "", rest});
+    } else if (directive == "log") {
+        const auto [level, pattern] = split(rest);
+        TraceFilter filter;
+        const auto read = std::from_chars(level.data(), level.data() + level.size(), filter.level);
+        if (read.ec != std::errc() || read.ptr != level.data() + level.size())
+            throw std::runtime_error("no level: " + line);
+        if (!pattern.empty()) filter.pattern = pattern;
+        script_.trace.push_back(filter);
+    } else if (directive == "stops") {
+        script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
+    } else if (directive == "nohost") {
+        script_.withHost = false;
+    } else if (directive == "skip") {
+        const auto [name, reason] = split(rest);
+        const auto mode = modeNamed(name);
+        if (!mode || reason.empty()) throw std::runtime_error("no mode and reason: " + line);
+        script_.skipped[*mode] = reason;
+    } else {
+        throw std::runtime_error("no such directive: " + line);
+    }
+}
+
+void ExpectFile::rewrite(const std::vector<std::string>& transcript) const {
+    std::ofstream file(path_, std::ios::trunc);
+    for (const std::string& line : directives_) file << line << '\n';
+    for (const std::string& line : transcript) file << line << '\n';
+    file.close();
+    if (!file) throw std::runtime_error("can't write " + path_.string());
+}
+
+}  // namespace documents

@@ -1,0 +1,56 @@
+// An expectation file: what to run, and what must come of it.
+#pragma once
+
+#include "Mode.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace documents {
+
+// One thing to do with the sequencer. The text is JSON.
+struct Step {
+    enum class Kind { run, context, translations };
+    Kind kind = Kind::run;
+    std::string procedure;
+    std::string json = "{}";
+};
+
+// Which trace lines are recorded: those up to the level that match the glob.
+struct TraceFilter {
+    int level = 0;
+    std::string pattern = "*";
+};
+
+// What the directives say.
+struct Script {
+    std::vector<Step> steps;
+    std::vector<TraceFilter> trace;
+    std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
+    bool withHost = true;
+    std::map<Mode, std::string> skipped;  // the reason by mode
+};
+
+class ExpectFile {
+public:
+    // Throws std::runtime_error with the line of a directive that it can't read.
+    explicit ExpectFile(const std::filesystem::path& path);
+
+    const Script& script() const { return script_; }
+    const std::vector<std::string>& transcript() const { return transcript_; }
+
+    // Replaces the transcript in the file; the directives stay as they are written.
+    void rewrite(const std::vector<std::string>& transcript) const;
+
+private:
+    void readDirective(const std::string& line);
+
+    std::filesystem::path path_;
+    std::vector<std::string> directives_;
+    Script script_;
+    std::vector<std::string> transcript_;
+};
+
+}  // namespace documents

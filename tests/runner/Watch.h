@@ -1,0 +1,14 @@
+// Names the document that was running when the process crashes or hangs.
+#pragma once
+
+#include <string>
+
+namespace documents {
+
+// Installs the handlers, once.
+void watchForCrashes();
+
+// The document that runs from now on, which gets two minutes. An empty name for none.
+void nowRunning(const std::string& name);
+
+}  // namespace documents

@@ -1,0 +1,148 @@
+// Runs the test documents below a folder and compares what happens with their expectations.
+#include "Difference.h"
+#include "DocumentRun.h"
+#include "ExpectFile.h"
+#include "Loading.h"
+#include "Locale.h"
+#include "Options.h"
+#include "Watch.h"
+
+#include <fnmatch.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace documents;
+namespace fs = std::filesystem;
+
+constexpr int exitNotAvailable = 77;
+
+enum class Verdict { passed, failed, skipped };
+
+// The names of all documents below the root that match the filter, sorted.
+std::vector<std::string> documentsOf(const Options& options) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(options.root)) {
+        if (entry.path().extension() != ".otx") continue;
+        std::string name = fs::relative(entry.path(), options.root).replace_extension().generic_string();
+        if (fnmatch(options.filter.c_str(), name.c_str(), 0) == 0) names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+// Expectations whose document is missing, which would otherwise never be noticed.
+std::vector<std::string> orphansOf(const Options& options) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(options.root)) {
+        if (entry.path().extension() == ".expect" && !fs::exists(fs::path(entry.path()).replace_extension(".otx")))
+            names.push_back(fs::relative(entry.path(), options.root).generic_string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("can't read " + path.string());
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void print(const std::string& text) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    std::fflush(stdout);
+}
+
+bool mustBeRefused(const std::string& name) { return fs::path(name).filename().string().starts_with("bad-"); }
+
+Verdict check(const std::string& name, const Options& options) {
+    const ExpectFile expectation(options.root / (name + ".expect"));
+    if (const auto skip = expectation.script().skipped.find(options.mode); skip != expectation.script().skipped.end()) {
+        print("skipped " + name + ": " + skip->second + "\n");
+        return Verdict::skipped;
+    }
+    const auto actual = runDocument(contentOf(options.root / (name + ".otx")), expectation.script(), options.mode);
+    const bool refused = !actual.empty() && actual.back().starts_with(R"({"outcome":"unloadable")");
+    if (refused != mustBeRefused(name)) {
+        print("FAILED " + name + (refused ? ": could not be loaded\n" : ": should have been refused\n") +
+              (refused ? actual.back() + "\n" : ""));
+        return Verdict::failed;
+    }
+    const std::string changes = difference(expectation.transcript(), actual);
+    if (changes.empty()) return Verdict::passed;
+    if (options.rebase) {
+        expectation.rewrite(actual);
+        print("rebased " + name + "\n" + changes);
+        return Verdict::passed;
+    }
+    print("FAILED " + name + "\n--- expected\n+++ actual\n" + changes);
+    return Verdict::failed;
+}
+
+Verdict checkGuarded(const std::string& name, const Options& options) {
+    try {
+        return check(name, options);
+    } catch (const std::exception& failure) {
+        print("FAILED " + name + ": " + failure.what() + "\n");
+        return Verdict::failed;
+    }
+}
+
+int runAll(const Options& options) {
+    std::size_t passed = 0;
+    std::size_t skipped = 0;
+    std::vector<std::string> failed;
+    for (const std::string& orphan : orphansOf(options)) {
+        print("FAILED " + orphan + ": there is no such document\n");
+        failed.push_back(orphan);
+    }
+    watchForCrashes();
+    for (const std::string& name : documentsOf(options)) {
+        nowRunning(name);
+        const Verdict verdict = checkGuarded(name, options);
+        nowRunning("");
+        if (verdict == Verdict::passed) ++passed;
+        if (verdict == Verdict::skipped) ++skipped;
+        if (verdict == Verdict::failed) failed.push_back(name);
+    }
+    if (passed == 0 && failed.empty()) failed.push_back("(no document ran)");
+    for (const std::string& name : failed) print("failed: " + name + "\n");
+    print(std::string(nameOf(options.mode)) + ": " + std::to_string(passed) + " passed, " + std::to_string(failed.size()) +
+          " failed, " + std::to_string(skipped) + " skipped\n");
+    return failed.empty() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    try {
+        const Options options = readOptions(argumentCount, arguments);
+        if (options.mode == Mode::lane) {
+            print("the mode lane is not available yet\n");
+            return exitNotAvailable;
+        }
+        if (options.mode == Mode::compiled) {
+            if (const auto reason = compiledFormMissing()) {
+                print("the mode compiled is not available yet: " + *reason + "\n");
+                return exitNotAvailable;
+            }
+        }
+        if (options.commaLocale) installCommaLocale();
+        return runAll(options);
+    } catch (const std::invalid_argument& usage) {
+        std::fprintf(stderr, "otx_documents: %s\n", usage.what());
+        return 2;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "otx_documents: %s\n", failure.what());
+        return 1;
+    }
+}
