@@ -31,18 +31,18 @@ public:
     T& operator[](std::size_t index) noexcept { return begin_[index]; }
     const T& operator[](std::size_t index) const noexcept { return begin_[index]; }
 
-    void push_back(T element) {
-        if (size_ == capacity_) grow();
-        std::construct_at(begin_ + size_, std::move(element));
+    // The arguments aren't elements of this vector.
+    template <class... Arguments>
+    void emplace_back(Arguments&&... arguments) {
+        if (size_ == capacity_) [[unlikely]]
+            grow();
+        std::construct_at(begin_ + size_, std::forward<Arguments>(arguments)...);
         ++size_;
     }
+    void push_back(T element) { emplace_back(std::move(element)); }
 
-    // Inserts before the position, which is one of this vector.
-    void insert(T* position, T element) {
-        const auto index = position - begin_;
-        push_back(std::move(element));
-        std::rotate(begin_ + index, begin_ + size_ - 1, begin_ + size_);
-    }
+    // Moves the last element to the index, and those from there on behind it.
+    void moveLastTo(std::size_t index) { std::rotate(begin_ + index, begin_ + size_ - 1, begin_ + size_); }
 
 private:
     bool isInline() const noexcept { return capacity_ == InlineCount; }

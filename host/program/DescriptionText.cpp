@@ -50,26 +50,40 @@ std::string nameOrNone(const std::string& name) {
     return name.empty() ? "(no name)" : oneLine(name);
 }
 
-std::string describe(const ParameterInfo& parameter) {
-    return "    " + padded(wordFor(parameter.direction), 6) + nameOrNone(parameter.name) + ": " +
-           oneLine(parameter.type) + remark(parameter.specification) + '\n';
+// ": List<Float>", or nothing for a declaration without a type.
+std::string typeMark(const std::string& type) {
+    return type.empty() ? "" : ": " + oneLine(type);
 }
 
-std::string describe(const ProcedureInfo& procedure, const Paint& paint) {
-    std::string text = "  " + paint.name(nameOrNone(procedure.name));
+void describe(const ParameterInfo& parameter, std::string& text) {
+    text += "    ";
+    text += padded(wordFor(parameter.direction), 6);
+    text += nameOrNone(parameter.name) + typeMark(parameter.type);
+    text += remark(parameter.specification);
+    text += '\n';
+}
+
+void describe(const ProcedureInfo& procedure, const Paint& paint, std::string& text) {
+    text += "  ";
+    text += paint.name(nameOrNone(procedure.name));
     if (!procedure.visibility.empty())
-        text += " " + oneLine(procedure.visibility);
+        text += ' ' + oneLine(procedure.visibility);
     if (!procedure.runnable)
         text += " (can't be run)";
-    text += remark(procedure.specification) + '\n';
+    text += remark(procedure.specification);
+    text += '\n';
     for (const ParameterInfo& parameter : procedure.parameters)
-        text += describe(parameter);
-    return text;
+        describe(parameter, text);
 }
 
-std::string describe(const GlobalInfo& global, const Paint& paint) {
-    return "  " + padded(wordFor(global.kind), 9) + paint.name(nameOrNone(global.name)) + ": " + oneLine(global.type) +
-           (global.visibility.empty() ? "" : " " + oneLine(global.visibility)) + remark(global.specification) + '\n';
+void describe(const GlobalInfo& global, const Paint& paint, std::string& text) {
+    text += "  ";
+    text += padded(wordFor(global.kind), 9);
+    text += paint.name(nameOrNone(global.name)) + typeMark(global.type);
+    if (!global.visibility.empty())
+        text += ' ' + oneLine(global.visibility);
+    text += remark(global.specification);
+    text += '\n';
 }
 
 template <class Items, class Describe>
@@ -118,11 +132,11 @@ std::string describeAsText(const DocumentInfo& document, const Paint& paint) {
     if (!document.procedures.empty())
         text += "procedures\n";
     for (const ProcedureInfo& procedure : document.procedures)
-        text += describe(procedure, paint);
+        describe(procedure, paint, text);
     if (!document.globals.empty())
         text += "globals\n";
     for (const GlobalInfo& global : document.globals)
-        text += describe(global, paint);
+        describe(global, paint, text);
     return text;
 }
 

@@ -20,7 +20,7 @@ public:
     explicit Inputs(std::istream& standardInput) : standardInput_(standardInput) {}
 
     // A stream that can be sought in, at its beginning. What is no plain file is read into memory first. Throws
-    // UnreadableFile for a name without a file, for a folder, for a file that may not be read, and UsageError for a second "-".
+    // UnreadableFile for a name without a file, a folder, a file that may not be read, and UsageError for a second "-".
     std::unique_ptr<std::istream> open(const std::string& name);
 
     // The whole content. Throws as open does.

@@ -10,13 +10,13 @@ class Sequencer;
 
 namespace velkotx::host {
 
-// While it lives, the first Ctrl-C (SIGINT) cancels the run of the Sequencer, from a thread of its own; the second finds
-// the system's own answer to the signal, which ends the process. Does nothing in a process that ignores SIGINT, such as a
-// shell's background job.
+// While it lives, the first Ctrl-C (SIGINT) cancels the run of the Sequencer, from a thread of its own; the second
+// finds the system's own answer to the signal, which ends the process. Does nothing in a process that ignores SIGINT,
+// such as a shell's background job.
 //
-// Made and destroyed on the thread of the run, before other threads come into being: it blocks the signal in that thread
-// and in those that the run starts. The Sequencer has to outlive it. Throws std::system_error when the system is out of
-// descriptors or threads.
+// Made and destroyed on the thread of the run, before other threads come into being: it blocks the signal in that
+// thread and in those that the run starts. The Sequencer has to outlive it. Throws std::system_error when the system is
+// out of descriptors or threads.
 class InterruptWatcher {
 public:
     explicit InterruptWatcher(Sequencer& sequencer);

@@ -28,7 +28,7 @@ constexpr const char* runFooter =
     "second one ends the program.\n"
     "\n"
     "Examples:\n"
-    "  velkotx run examples/04-sort.otx --arg responseTimes=[31,18,47,18,25]\n"
+    "  velkotx run examples/04-sort.otx --arg 'responseTimes=[31,18,47,18,25]'\n"
     "  velkotx run examples/02-retry.otx main --arg refusals=9 --json\n"
     "  velkotx run examples/06-map-decision.otx --args examples/06-map-decision.json \\\n"
     "          --context examples/06-map-decision.context.json";
@@ -57,15 +57,15 @@ void addRun(CLI::App& program, RunOptions& options) {
     CLI::App& run = *program.add_subcommand("run", "Run a procedure of a document and print its out parameters");
     addDocument(run, options.document);
     run.add_option("PROCEDURE", options.procedure, "The procedure to run")->type_name("")->capture_default_str();
-    run.add_option("--arg", options.arguments, "An in-argument; VALUE is JSON, else a plain string. Comes after --args")
+    run.add_option("--arg", options.arguments, "An in-argument; VALUE is JSON, else a plain string. Wins over --args")
         ->type_name("NAME=VALUE")
-        ->expected(1)
-        ->allow_extra_args(false);
+        ->allow_extra_args(false);  // one VALUE each, so that FILE may follow
     addFile(run, "--args", options.argumentsFile, "In-arguments: a JSON object of name to value");
     addFile(run, "--context", options.contextFile, "Context variables: a JSON object of name to value");
     addFile(run, "--translations", options.translationsFile, "Translations: a JSON object of key to text");
     addFile(run, "--messages", options.messagesFile, "Write every message to the host here, one JSON object a line");
-    run.add_option("--log", options.logLevel, "Write the trace and the sequence's log up to this level to standard error")
+    run.add_option("--log", options.logLevel,
+                   "Write the trace and the sequence's log up to this level to standard error")
         ->type_name("LEVEL (0 to 7)")
         ->check(CLI::Range(0, 7).description(""));
     run.add_flag("--json", options.json, "Print the outcome as one JSON object");
@@ -79,6 +79,14 @@ void addInfo(CLI::App& program, InfoOptions& options) {
     info.footer(infoFooter);
 }
 
+// What is wrong with a command line, in words.
+std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
+    if (!program.get_subcommands().empty())
+        return error.what();
+    const std::vector<std::string> words = program.remaining();
+    return words.empty() ? "a command is missing: run or info" : "'" + words.front() + "' is no command: run or info";
+}
+
 }  // namespace
 
 Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
@@ -87,6 +95,8 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     CLI::App program("Runs OTX test sequences (ISO 13209).", "velkotx");
     program.set_version_flag("--version", versionLine, "Print the component's name, version and date");
     program.require_subcommand(1);
+    program.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    program.get_formatter()->label("Subcommands", "Commands");
     program.footer(programFooter);
     addRun(program, run);
     addInfo(program, info);
@@ -95,7 +105,7 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return Answered{program.exit(error, out, err)};
-        err << "velkotx: " << oneLine(error.what()) << " (velkotx --help tells the usage)\n";
+        err << "velkotx: " << oneLine(complaint(program, error)) << " (velkotx --help tells the usage)\n";
         return Answered{ExitStatus::badInput};
     }
     if (program.got_subcommand("run"))

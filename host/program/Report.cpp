@@ -3,6 +3,7 @@
 
 #include "program/Inputs.h"
 #include "program/OneLine.h"
+#include "program/Place.h"
 #include "program/Terminal.h"
 
 #include <otx/value/IString.h>
@@ -11,7 +12,6 @@
 #include <map>
 #include <ostream>
 #include <sstream>
-#include <string_view>
 
 namespace velkotx::host {
 
@@ -28,11 +28,11 @@ void printOutParameters(const COtxValue& parameters, std::ostream& out) {
 
 std::string inWords(const Outcome& outcome) {
     std::string words = outcome.kind == Outcome::Kind::exception ? "uncaught " + outcome.what : outcome.what;
-    // Words like "InternalError: " bring their own colon.
-    const bool endsInColon = std::string_view(words).substr(0, words.find_last_not_of(' ') + 1).ends_with(':');
-    if (!outcome.text.empty())
-        words += (endsInColon ? " " : ": ") + outcome.text;
-    return words;
+    if (outcome.text.empty())
+        return words;
+    if (!words.ends_with(": "))  // "InternalError: " brings its own
+        words += ": ";
+    return words + outcome.text;
 }
 
 // A value that contains itself, or is nested too deeply, has no JSON form: then that is the failure.
@@ -49,7 +49,9 @@ Outcome printable(const Outcome& outcome, std::string& json) {
 
 void printFailure(const Outcome& outcome, const std::string& document, std::ostream& err) {
     const Paint paint = Paint::forStandardError();
-    err << oneLine(displayName(document)) << ": " << paint.failure(oneLine(inWords(outcome))) << '\n';
+    const bool loading = outcome.kind == Outcome::Kind::unloadable;
+    const PlacedMessage placed = loading ? takePlace(inWords(outcome)) : PlacedMessage{"", inWords(outcome)};
+    err << oneLine(displayName(document)) << placed.place << ": " << paint.failure(oneLine(placed.message)) << '\n';
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Something that the user asked for can't be done: an argument that makes no sense, a file of arguments that isn't there.
+// The user asked for something that can't be done: an argument without sense, a file of arguments that isn't there.
 #pragma once
 
 #include <stdexcept>

@@ -9,6 +9,7 @@
 #include <otx/value/Functions.h>
 #include <otx/value/Json.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 
@@ -18,12 +19,20 @@ namespace {
 
 using NamedValues = std::map<const std::string, COtxValue>;
 
+// A map of the OTX form may have other keys than strings, or be something else that JSON writes as an object.
+bool isObject(const COtxValue& value) {
+    if (value.Type() != OTX::ValueType::Map)
+        return false;
+    return std::ranges::all_of(
+        value.Map(), [](const auto& entry) { return entry.first.Type() == OTX::ValueType::String; });
+}
+
 NamedValues namedValues(Inputs& inputs, const std::string& file) {
     if (file.empty())
         return {};
     try {
         const COtxValue content = OTX::FromJSON(inputs.read(file));
-        if (content.Type() != OTX::ValueType::Map)
+        if (!isObject(content))
             throw UsageError("a JSON object was expected");
         return OTX::ValMap(content);
     } catch (const UnreadableFile& error) {

@@ -8,7 +8,8 @@ namespace {
 using velkotx::host::oneLine;
 
 TEST(OneLine, KeepsPlainText) {
-    EXPECT_EQ(oneLine("Spannung 3,6 V \xE2\x82\xAC \xC3\xA4\xC2\xA0x \\n"), "Spannung 3,6 V \xE2\x82\xAC \xC3\xA4\xC2\xA0x \\n");
+    const char* text = "Spannung 3,6 V \xE2\x82\xAC \xC3\xA4\xC2\xA0x \\n";
+    EXPECT_EQ(oneLine(text), text);
     EXPECT_EQ(oneLine(""), "");
 }
 

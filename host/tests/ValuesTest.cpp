@@ -74,7 +74,8 @@ TEST(Values, AFileHasToBeAnObject) {
     EXPECT_EQ(complaintAbout("-", "[]"), "<stdin>: a JSON object was expected");
     EXPECT_EQ(complaintAbout("-", "{}"), "");
     EXPECT_NE(complaintAbout("-", "{"), "");
-    EXPECT_NE(complaintAbout("-", "{\"Map\":[[1,2]]}"), "");
+    EXPECT_EQ(complaintAbout("-", "{\"Map\":[[1,2]]}"), "<stdin>: a JSON object was expected");
+    EXPECT_EQ(complaintAbout("-", "{\"ByteField\":\"00\"}"), "<stdin>: a JSON object was expected");
     EXPECT_EQ(complaintAbout("nowhere.json", ""), "nowhere.json: No such file or directory");
     EXPECT_EQ(complaintAbout("/", ""), "/: Is a directory");
 }

@@ -4,7 +4,7 @@
 #include <SmallVector.h>
 #include <schema/Name.h>
 
-#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace otxns {
@@ -15,44 +15,51 @@ template <class T>
 class ArgumentMap {
 public:
     struct Entry {
+        Entry(const Name& key, T&& content) : name(&key), value(std::move(content)) {}
         const Name* name;
         T value;
     };
 
     // Keeps the entry that is there.
     void insert(const Name& name, T value) {
-        Entry* const place = lowerBound(name);
-        if (!holds(place, name)) entries_.insert(place, {&name, std::move(value)});
+        if (entry(name) == nullptr) add(name, std::move(value));
     }
     void insert(Name&& name, T value) = delete;
 
     // Replaces the entry that is there.
     void assign(const Name& name, T value) {
-        Entry* const place = lowerBound(name);
-        if (holds(place, name))
-            place->value = std::move(value);
+        if (Entry* const found = entry(name))
+            found->value = std::move(value);
         else
-            entries_.insert(place, {&name, std::move(value)});
+            add(name, std::move(value));
     }
     void assign(Name&& name, T value) = delete;
 
     // The value under that name, else null.
     const T* find(const Name& name) const {
-        const auto found = std::find_if(begin(), end(), [&](const Entry& entry) { return *entry.name == name; });
-        return found != end() ? &found->value : nullptr;
+        const Entry* const found = const_cast<ArgumentMap*>(this)->entry(name);
+        return found != nullptr ? &found->value : nullptr;
     }
 
+    Entry* begin() noexcept { return entries_.begin(); }
+    Entry* end() noexcept { return entries_.end(); }
     const Entry* begin() const noexcept { return entries_.begin(); }
     const Entry* end() const noexcept { return entries_.end(); }
     bool empty() const noexcept { return entries_.empty(); }
 
 private:
-    Entry* lowerBound(const Name& name) {
-        return std::lower_bound(entries_.begin(), entries_.end(), name, [](const Entry& entry, const Name& wanted) {
-            return entry.name->text() < wanted.text();
-        });
+    Entry* entry(const Name& name) noexcept {
+        for (Entry& candidate : entries_)
+            if (*candidate.name == name) return &candidate;
+        return nullptr;
     }
-    bool holds(const Entry* place, const Name& name) const { return place != entries_.end() && *place->name == name; }
+
+    void add(const Name& name, T&& value) {
+        entries_.emplace_back(name, std::move(value));
+        std::size_t place = entries_.size() - 1;
+        while (place > 0 && name.text() < entries_[place - 1].name->text()) --place;
+        if (place + 1 != entries_.size()) entries_.moveLastTo(place);
+    }
 
     SmallVector<Entry, 4> entries_;
 };

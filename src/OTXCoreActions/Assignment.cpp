@@ -1,14 +1,15 @@
 // The Assignment action.
 #include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/VariableAccess.h>
 #include <Trace.h>
 
 namespace otxns {
 
 template <>
 void Assignment_impl<Assignment_base>::exec(OtxContext& context) const {
-    const COtxValue value = evaluate(term(), context);
+    COtxValue value = evaluate(term(), context);
     OTX_TRACE(3, ":Assigning: " << value << ", type " << value.stringType() << " to " << result().name());
-    result().write(context, value);
+    assign(result(), context, std::move(value));
 }
 
 }  // namespace otxns

@@ -1,4 +1,5 @@
 // The Branch node: runs the flow of the first condition that holds, else that of `else`.
+#include <OTXCoreActions/Statements.h>
 #include <OTXCoreTerms/Evaluate.h>
 
 namespace otxns {
@@ -13,14 +14,19 @@ bool holds(const ConditionalFlow& candidate, OtxContext& context) {
 
 }  // namespace
 
+FlowExit run(const Branch& branch, OtxContext& context) {
+    if (!branch.realisation().present()) return {};
+    const BranchRealisation& choice = branch.realisation().get();
+    if (holds(choice.if_(), context)) return run(choice.if_().flow(), context);
+    for (const ConditionalFlow& candidate : choice.elseif())
+        if (holds(candidate, context)) return run(candidate.flow(), context);
+    if (choice.else_().present()) return run(choice.else_().get(), context);
+    return {};
+}
+
 template <>
 void Branch_impl<Branch_base>::exec(OtxContext& context) const {
-    if (!realisation().present()) return;
-    const BranchRealisation& branch = realisation().get();
-    if (holds(branch.if_(), context)) return branch.if_().flow().exec(context);
-    for (const ConditionalFlow& candidate : branch.elseif())
-        if (holds(candidate, context)) return candidate.flow().exec(context);
-    if (branch.else_().present()) branch.else_()->exec(context);
+    run(*this, context).raise();
 }
 
 }  // namespace otxns

@@ -1,5 +1,6 @@
 // The nodes that leave a flow: Return, Break, Continue, TerminateLanes.
 #include <OTXCoreActions/ControlExceptions.h>
+#include <OTXCoreActions/FlowExit.h>
 #include <Trace.h>
 #include <schema/core.h>
 
@@ -7,18 +8,17 @@ namespace otxns {
 
 template <>
 void Return_impl<Return_base>::exec(OtxContext&) const {
-    OTX_TRACE(4, "Return");
-    throw velkotx::ReturnException(id());
+    FlowExit::of(*this).raise();
 }
 
 template <>
 void Break_impl<Break_base>::exec(OtxContext&) const {
-    throw velkotx::BreakException(target().present() ? std::string(target().get()) : std::string());
+    FlowExit::of(*this).raise();
 }
 
 template <>
 void Continue_impl<Continue_base>::exec(OtxContext&) const {
-    throw velkotx::ContinueException(target().present() ? std::string(target().get()) : std::string());
+    FlowExit::of(*this).raise();
 }
 
 template <>

@@ -1,6 +1,7 @@
 // The ForEachLoop: over the indexes of a list or the keys of a map.
 #include <OTXCoreActions/LoopBody.h>
 #include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/VariableAccess.h>
 #include <otx/value/COtxInt.h>
 #include <velkotx/Exceptions.h>
 
@@ -12,40 +13,48 @@ namespace otxns {
 namespace {
 
 // The size is read anew each time: a body that appends extends the loop. The locator holds the index, not the item.
-void overList(const std::vector<COtxValue>& items, const ForEachLoop& loop, OtxContext& context, const Flow& body,
-              const OtxName& loopName) {
+FlowExit overList(const std::vector<COtxValue>& items, const ForEachLoop& loop, OtxContext& context, const Flow& body,
+                  const OtxName& loopName) {
     for (std::size_t i = 0; i < items.size(); ++i) {
-        loop.locator().write(context, COtxInt(static_cast<long long>(i)));
-        if (iterate(body, context, loopName) == Iteration::left) return;
+        assign(loop.locator(), context, COtxInt(static_cast<long long>(i)));
+        const Iteration iteration = iterate(body, context, loopName);
+        if (!iteration.goesOn) return iteration.exit;
     }
+    return {};
 }
 
 // Finds its way by the last key, so that a body which changes the map does no harm.
-void overMap(const std::map<COtxValue, COtxValue>& entries, const ForEachLoop& loop, OtxContext& context,
-             const Flow& body, const OtxName& loopName) {
+FlowExit overMap(const std::map<COtxValue, COtxValue>& entries, const ForEachLoop& loop, OtxContext& context,
+                 const Flow& body, const OtxName& loopName) {
     auto entry = entries.begin();
     while (entry != entries.end()) {
         const COtxValue key = entry->first;
-        loop.locator().write(context, key);
-        if (iterate(body, context, loopName) == Iteration::left) return;
+        assign(loop.locator(), context, key);
+        const Iteration iteration = iterate(body, context, loopName);
+        if (!iteration.goesOn) return iteration.exit;
         entry = entries.upper_bound(key);
     }
+    return {};
 }
 
 }  // namespace
 
-template <>
-void ForEachLoop_impl<ForEachLoop_base>::exec(OtxContext& context, const Flow& body, const OtxName& loopName) const {
+FlowExit run(const ForEachLoop& loop, OtxContext& context, const Flow& body, const OtxName& loopName) {
     // Keeps the container alive, whatever the body assigns.
-    const COtxValue values = evaluate(collection(), context);
+    const COtxValue values = evaluate(loop.collection(), context);
     switch (values.Type()) {
         case OTX::ValueType::List:
-            return overList(values.List(), *this, context, body, loopName);
+            return overList(values.List(), loop, context, body, loopName);
         case OTX::ValueType::Map:
-            return overMap(values.Map(), *this, context, body, loopName);
+            return overMap(values.Map(), loop, context, body, loopName);
         default:
             throw velkotx::OTXRuntimeException("forEachLoop", "Not map or list");
     }
+}
+
+template <>
+void ForEachLoop_impl<ForEachLoop_base>::exec(OtxContext& context, const Flow& body, const OtxName& loopName) const {
+    run(*this, context, body, loopName).raise();
 }
 
 }  // namespace otxns

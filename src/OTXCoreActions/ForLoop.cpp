@@ -1,6 +1,7 @@
 // The ForLoop: counts from start to end, both included. The end is evaluated once.
 #include <OTXCoreActions/LoopBody.h>
 #include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/VariableAccess.h>
 #include <otx/value/COtxInt.h>
 
 #include <limits>
@@ -21,16 +22,24 @@ long long following(long long number) {
 // The counter is read back after each iteration, so a body that assigns it moves the loop. It ends as the end plus 1, or
 // after a Break as the value at the head of the iteration that broke; both are meant. A Break for an outer loop passes
 // before the counter is written.
+FlowExit run(const ForLoop& loop, OtxContext& context, const Flow& body, const OtxName& loopName) {
+    const IntegerVariable& counter = loop.counter();
+    long long i = evaluateInteger(loop.start(), context);
+    const long long last = evaluateInteger(loop.end(), context);
+    while (i <= last) {
+        assign(counter, context, COtxInt(i));
+        const Iteration iteration = iterate(body, context, loopName);
+        if (iteration.exit) return iteration.exit;
+        if (!iteration.goesOn) break;
+        i = following(readVariable(context, counter.name().key(), counter.path()).Int());
+    }
+    assign(counter, context, COtxInt(i));
+    return {};
+}
+
 template <>
 void ForLoop_impl<ForLoop_base>::exec(OtxContext& context, const Flow& body, const OtxName& loopName) const {
-    long long i = evaluateInteger(start(), context);
-    const long long last = evaluateInteger(end(), context);
-    while (i <= last) {
-        counter().write(context, COtxInt(i));
-        if (iterate(body, context, loopName) == Iteration::left) break;
-        i = following(counter().read(context).Int());
-    }
-    counter().write(context, COtxInt(i));
+    run(*this, context, body, loopName).raise();
 }
 
 }  // namespace otxns

@@ -1,12 +1,20 @@
 // The Group node: runs all of its valid realisations, where an Action runs only the first. This is meant.
+#include <OTXCoreActions/Statements.h>
 #include <OTXCoreActions/Validity.h>
 
 namespace otxns {
 
+FlowExit run(const Group& group, OtxContext& context) {
+    for (const GroupRealisation& candidate : group.realisation()) {
+        if (!isValid(candidate, context)) continue;
+        if (const FlowExit exit = run(candidate, context)) return exit;
+    }
+    return {};
+}
+
 template <>
 void Group_impl<Group_base>::exec(OtxContext& context) const {
-    for (const GroupRealisation& candidate : realisation())
-        if (isValid(candidate, context)) candidate.exec(context);
+    run(*this, context).raise();
 }
 
 }  // namespace otxns

@@ -1,6 +1,6 @@
 // The Handler node: try, catch, finally.
-#include <OTXContext/OtxContext.h>
 #include <OTXCoreActions/ControlExceptions.h>
+#include <OTXCoreActions/Statements.h>
 #include <Trace.h>
 #include <otx/value/IException.h>
 
@@ -27,26 +27,26 @@ const CatchingFlow* matching(const HandlerRealisation& handler, const COtxValue&
     return nullptr;
 }
 
-void runCatch(const CatchingFlow& chosen, const COtxValue& caught, OtxContext& context) {
+FlowExit runCatch(const CatchingFlow& chosen, const COtxValue& caught, OtxContext& context) {
     const auto& handle = chosen.exception().realisation()->handle();
     if (handle.present()) handle->write(context, caught);
-    chosen.flow().exec(context);
+    return run(chosen.flow(), context);
 }
 
 }  // namespace
 
 // Break, Continue, a cancel, a runtime failure, and what a catch flow raises leave at once, without `finally`: only an OTX
 // exception of the try flow and a Return come by it. This is meant.
-template <>
-void Handler_impl<Handler_base>::exec(OtxContext& context) const {
-    if (!realisation().present()) return;
-    const HandlerRealisation& handler = realisation().get();
+FlowExit run(const Handler& node, OtxContext& context) {
+    if (!node.realisation().present()) return {};
+    const HandlerRealisation& handler = node.realisation().get();
     const std::size_t depth = context.Variables().StackDepth();
     std::exception_ptr pending;
+    FlowExit exit;
     try {
         try {
             OTX_TRACE(4, "Try...");
-            handler.try_().exec(context);
+            exit = run(handler.try_(), context);
         } catch (COtxValue& caught) {
             OTX_TRACE(3, "Caught: " << caught);
             pending = std::current_exception();
@@ -54,21 +54,28 @@ void Handler_impl<Handler_base>::exec(OtxContext& context) const {
             if (const CatchingFlow* const chosen = matching(handler, caught)) {
                 OTX_TRACE(4, "Matched: " << caught);
                 pending = nullptr;
-                runCatch(*chosen, caught, context);
+                exit = runCatch(*chosen, caught, context);
             }
         }
+        if (exit && !exit.isReturn()) return exit;
+        if (exit) OTX_TRACE(3, "Caught return");
     } catch (velkotx::ReturnException&) {
         OTX_TRACE(3, "Caught return");
         pending = std::current_exception();
     }
     if (handler.finally().present()) {
         OTX_TRACE(4, "Finally...");
-        handler.finally()->exec(context);
+        if (const FlowExit replacement = run(handler.finally().get(), context)) return replacement;
     }
-    if (pending != nullptr) {
-        OTX_TRACE(4, "No handler matched or early return, rethrowing");
-        std::rethrow_exception(pending);
-    }
+    if (pending == nullptr && !exit) return {};
+    OTX_TRACE(4, "No handler matched or early return, rethrowing");
+    if (pending != nullptr) std::rethrow_exception(pending);
+    return exit;
+}
+
+template <>
+void Handler_impl<Handler_base>::exec(OtxContext& context) const {
+    run(*this, context).raise();
 }
 
 }  // namespace otxns

@@ -1,7 +1,7 @@
 // The Loop node, and the loop configuration without behaviour.
 #include <ClassNames.h>
+#include <OTXCoreActions/Statements.h>
 #include <Trace.h>
-#include <schema/core.h>
 #include <velkotx/Exceptions.h>
 
 namespace otxns {
@@ -20,13 +20,24 @@ std::string LoopConfigurationRealisation_impl<LoopConfigurationRealisation_base>
 }
 
 // Without a configuration the body doesn't run.
+FlowExit run(const Loop& loop, OtxContext& context) {
+    static const OtxName unnamed;
+    if (!loop.realisation().present()) return {};
+    const auto& realisation = loop.realisation()->configuration().realisation();
+    if (!realisation.present()) return {};
+    const LoopConfigurationRealisation& configuration = realisation.get();
+    const Flow& body = loop.realisation()->flow();
+    const OtxName& name = loop.name().present() ? loop.name().get() : unnamed;
+    if (const auto* const counting = exactly<ForLoop>(configuration)) return run(*counting, context, body, name);
+    if (const auto* const testing = exactly<WhileLoop>(configuration)) return run(*testing, context, body, name);
+    if (const auto* const walking = exactly<ForEachLoop>(configuration)) return run(*walking, context, body, name);
+    configuration.exec(context, body, name);
+    return {};
+}
+
 template <>
 void Loop_impl<Loop_base>::exec(OtxContext& context) const {
-    static const OtxName unnamed;
-    if (!realisation().present()) return;
-    const auto& configuration = realisation()->configuration().realisation();
-    if (!configuration.present()) return;
-    configuration->exec(context, realisation()->flow(), name().present() ? name().get() : unnamed);
+    run(*this, context).raise();
 }
 
 template <>

@@ -2,6 +2,7 @@
 #include <OTXContext/OtxContext.h>
 #include <OTXCoreActions/ArgumentMap.h>
 #include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/VariableAccess.h>
 #include <StackGuard.h>
 #include <Trace.h>
 
@@ -35,7 +36,7 @@ void ProcedureCall_impl<ProcedureCall_base>::exec(OtxContext& context) const {
     if (!arguments().present()) return;
     for (const OutArgument& argument : arguments()->outArg())
         if (const auto* const cell = out.find(argument.param().key()))
-            argument.variable().write(context, (*cell)->Value());
+            assign(argument.variable(), context, (*cell)->Value());
 }
 
 }  // namespace otxns

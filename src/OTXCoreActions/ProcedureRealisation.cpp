@@ -1,8 +1,10 @@
 // The body of a procedure: parameters, declarations, flow.
-#include <OTXContext/OtxContext.h>
 #include <OTXCoreActions/ArgumentMap.h>
 #include <OTXCoreActions/ControlExceptions.h>
+#include <OTXCoreActions/Statements.h>
 #include <Trace.h>
+
+#include <utility>
 
 namespace otxns {
 
@@ -39,12 +41,12 @@ void ProcedureRealisation_impl<ProcedureRealisation_base>::exec(
     OTX_TRACE(4, "Procedure");
     OtxVars& variables = context.Variables();
     declareLocals(*this, context);
-    for (const auto& [name, value] : in) variables.Set(*name, value);
+    for (auto& [name, value] : in) variables.Set(*name, std::move(value));
     for (const auto& [name, cell] : inout) variables.Bind(*name, cell);
     try {
-        flow().exec(context);
-    } catch (velkotx::ReturnException&) {
         // The only place where a Return ends.
+        if (const FlowExit exit = run(flow(), context); !exit.isReturn()) exit.raise();
+    } catch (velkotx::ReturnException&) {
     }
     if (!parameters().present()) return;
     for (const auto& parameter : parameters()->outParam()) {

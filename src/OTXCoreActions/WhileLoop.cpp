@@ -4,13 +4,19 @@
 
 namespace otxns {
 
+FlowExit run(const WhileLoop& loop, OtxContext& context, const Flow& body, const OtxName& loopName) {
+    const bool testsBehind = loop.isPostTested().present() && loop.isPostTested().get();
+    if (!testsBehind && !evaluate(loop.test(), context).Bool()) return {};
+    do {
+        const Iteration iteration = iterate(body, context, loopName);
+        if (!iteration.goesOn) return iteration.exit;
+    } while (evaluate(loop.test(), context).Bool());
+    return {};
+}
+
 template <>
 void WhileLoop_impl<WhileLoop_base>::exec(OtxContext& context, const Flow& body, const OtxName& loopName) const {
-    const bool testsBehind = isPostTested().present() && isPostTested().get();
-    if (!testsBehind && !evaluate(test(), context).Bool()) return;
-    do {
-        if (iterate(body, context, loopName) == Iteration::left) return;
-    } while (evaluate(test(), context).Bool());
+    run(*this, context, body, loopName).raise();
 }
 
 }  // namespace otxns

@@ -12,6 +12,8 @@ namespace {
 template <class Numerals, class Operation>
 COtxValue fold(const Numerals& numerals, OtxContext& context, Operation operation) {
     if (numerals.empty()) throw velkotx::OTXRuntimeException("InternalError", "Not enough terms");
+    if (numerals.size() == 2) [[likely]]
+        return evaluateTwo(numerals[0], numerals[1], context, operation);
     COtxValue result = evaluate(numerals[0], context);
     for (std::size_t i = 1; i < numerals.size(); ++i) result = operation(result, evaluate(numerals[i], context));
     return result;

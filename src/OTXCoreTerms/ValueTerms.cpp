@@ -1,5 +1,5 @@
 // The terms that read a variable, with or without a path.
-#include <OTXCoreTerms/VariableRead.h>
+#include <OTXCoreTerms/VariableAccess.h>
 
 namespace otxns {
 

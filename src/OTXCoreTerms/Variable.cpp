@@ -1,14 +1,11 @@
 // Reading and writing the variable that an action names.
-#include <OTXCoreTerms/VariableRead.h>
+#include <OTXCoreTerms/VariableAccess.h>
 
 namespace otxns {
 
 template <>
 void Variable_impl<Variable_base>::write(OtxContext& context, const COtxValue& value) const {
-    if (path().present())
-        path()->write(context, name().key(), value);
-    else
-        context.Variables().Set(name().key(), value);
+    assign(*this, context, value);
 }
 
 template <>

@@ -38,6 +38,13 @@ bool OtxVarMap::Set(const Name& name, const COtxValue& value) {
     return true;
 }
 
+bool OtxVarMap::storeShared(const Name& name, COtxValue& value) {
+    const auto cell = Find(name);
+    if (cell == nullptr) return false;
+    cell->Store(std::move(value));
+    return true;
+}
+
 bool OtxVarMap::Bind(const Name& name, const std::shared_ptr<OtxVariable>& cell) {
     std::shared_ptr<OtxVariable> former = cell;
     const Guard guard(*this);
@@ -48,7 +55,7 @@ bool OtxVarMap::Bind(const Name& name, const std::shared_ptr<OtxVariable>& cell)
     return true;
 }
 
-void OtxVarMap::Add(const Name& name, std::shared_ptr<OtxVariable> cell) {
+void OtxVarMap::addSlowly(const Name& name, std::shared_ptr<OtxVariable>&& cell) {
     const Guard guard(*this);
     if (entry(name) == nullptr) insert(name, std::move(cell));
 }
@@ -61,17 +68,9 @@ void OtxVarMap::Add(const std::string& name, std::shared_ptr<OtxVariable> cell) 
     insert(ownNames_->emplace_back(key), std::move(cell));
 }
 
-bool OtxVarMap::Get(const Name& name, COtxValue& value) const {
-    if (isShared_) {
-        const auto cell = Find(name);
-        if (cell == nullptr) return false;
-        value = cell->Value();
-    } else {
-        const Entry* const found = entry(name);
-        if (found == nullptr) return false;
-        value = found->cell->Value();
-    }
-    return value.Type() != OTX::ValueType::Empty;
+COtxValue OtxVarMap::sharedValue(const Name& name) const {
+    const auto cell = Find(name);
+    return cell != nullptr ? cell->Value() : COtxValue();
 }
 
 std::shared_ptr<OtxVariable> OtxVarMap::Find(const Name& name) const {
@@ -138,7 +137,7 @@ void OtxVarMap::insert(const Name& name, std::shared_ptr<OtxVariable>&& cell) {
         }
         index_->assign(name, place);
     }
-    entries_.push_back({name.identity(), &name, std::move(cell)});
+    entries_.emplace_back(name, std::move(cell));
 }
 
 }  // namespace otxns

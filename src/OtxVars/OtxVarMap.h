@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace otxns {
@@ -33,14 +34,34 @@ public:
 
     // Writes the value into the cell of that name; false without one. What the cell throws passes.
     virtual bool Set(const Name& name, const COtxValue& value);
+    // The same for a value that the caller gives away; it stays as it is without a cell. For a scope of this very class.
+    bool Store(const Name& name, COtxValue& value) {
+        if (isShared_) return storeShared(name, value);
+        const Entry* const found = entry(name);
+        if (found == nullptr) return false;
+        found->cell->Store(std::move(value));
+        return true;
+    }
     // Puts another cell in the place of the one under that name; false without one.
     virtual bool Bind(const Name& name, const std::shared_ptr<OtxVariable>& cell);
 
     // Enters a cell. An entry of that name stays as it is.
-    void Add(const Name& name, std::shared_ptr<OtxVariable> cell);
+    void Add(const Name& name, std::shared_ptr<OtxVariable> cell) {
+        if (isShared_ || entries_.size() >= walkLimit) return addSlowly(name, std::move(cell));
+        if (entry(name) == nullptr) entries_.emplace_back(name, std::move(cell));
+    }
     void Add(Name&& name, std::shared_ptr<OtxVariable> cell) = delete;
     // The value under that name, unless it is missing or empty.
-    bool Get(const Name& name, COtxValue& value) const;
+    bool Get(const Name& name, COtxValue& value) const {
+        value = Value(name);
+        return value.Type() != OTX::ValueType::Empty;
+    }
+    // The value under that name, empty if it is missing.
+    COtxValue Value(const Name& name) const {
+        if (isShared_) return sharedValue(name);
+        const Entry* const found = entry(name);
+        return found != nullptr ? found->cell->Value() : COtxValue();
+    }
     // The cell under that name, else null.
     std::shared_ptr<OtxVariable> Find(const Name& name) const;
     std::map<std::string, std::shared_ptr<OtxVariable>> Snapshot() const;
@@ -59,6 +80,8 @@ public:
 
 private:
     struct Entry {
+        Entry(const Name& key, std::shared_ptr<OtxVariable>&& variable)
+            : identity(key.identity()), name(&key), cell(std::move(variable)) {}
         const void* identity;
         const Name* name;
         std::shared_ptr<OtxVariable> cell;
@@ -77,6 +100,9 @@ private:
     }
     Entry* entry(const Name& name) noexcept { return const_cast<Entry*>(std::as_const(*this).entry(name)); }
     const Entry* indexed(const Name& name) const noexcept;
+    COtxValue sharedValue(const Name& name) const;
+    bool storeShared(const Name& name, COtxValue& value);
+    void addSlowly(const Name& name, std::shared_ptr<OtxVariable>&& cell);
     void insert(const Name& name, std::shared_ptr<OtxVariable>&& cell);
 
     mutable std::recursive_mutex lock;

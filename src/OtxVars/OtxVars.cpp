@@ -89,6 +89,10 @@ void OtxVars::Set(const Name& name, const COtxValue& value) {
     if (!globals.Set(name, value)) raiseUnknown(name);
 }
 
+void OtxVars::storeGlobal(const Name& name, COtxValue& value) {
+    if (!globals.Store(name, value)) raiseUnknown(name);
+}
+
 void OtxVars::Bind(const Name& name, const std::shared_ptr<OtxVariable>& cell) {
     if (OtxVarMap* const frame = top(); frame != nullptr && frame->OtxVarMap::Bind(name, cell)) return;
     if (!globals.Bind(name, cell)) raiseUnknown(name);
@@ -138,8 +142,8 @@ ThreadStack& OtxVars::required() const {
 }
 
 COtxValue OtxVars::globalValue(const Name& name) const {
-    COtxValue value;
-    if (!globals.Get(name, value)) raiseUnknown(name);
+    COtxValue value = globals.Value(name);
+    if (value.Type() == OTX::ValueType::Empty) raiseUnknown(name);
     return value;
 }
 

@@ -45,11 +45,11 @@ public:
 
     // The value of a variable. One without a value counts as missing.
     COtxValue Get(const Name& name) const {
-        if (const OtxVarMap* const frame = top()) {
-            COtxValue value;
-            if (frame->Get(name, value)) return value;
-        }
-        return globalValue(name);
+        const OtxVarMap* const frame = top();
+        COtxValue value = frame != nullptr ? frame->Value(name) : COtxValue();
+        if (value.Type() == OTX::ValueType::Empty) [[unlikely]]
+            value = globalValue(name);
+        return value;
     }
     COtxValue Get(const std::string& name) const { return Get(Name(name)); }
 
@@ -57,6 +57,10 @@ public:
     std::shared_ptr<OtxVariable> GetVariable(const std::string& name) const { return GetVariable(Name(name)); }
 
     void Set(const Name& name, const COtxValue& value);
+    void Set(const Name& name, COtxValue&& value) {
+        OtxVarMap* const frame = top();
+        if (frame == nullptr || !frame->Store(name, value)) storeGlobal(name, value);
+    }
     void Set(const std::string& name, const COtxValue& value) { Set(Name(name), value); }
 
     // Puts another cell under the name.
@@ -95,6 +99,7 @@ private:
         return stack != nullptr ? stack->top() : nullptr;
     }
     COtxValue globalValue(const Name& name) const;
+    void storeGlobal(const Name& name, COtxValue& value);
 
     const std::uint64_t serial_;
     OtxVarMap globals{OtxVarMap::Access::shared};

@@ -19,7 +19,7 @@ private:
     std::recursive_mutex* guard_;
 };
 
-void ThreadStack::push(const Name& name) {
+void ThreadStack::pushSlowly(const Name& name) {
     const Change change(*this);
     next().name = &name;
     advance();
@@ -77,11 +77,6 @@ ThreadStack::Frame& ThreadStack::next() {
         frames_.push_back(std::move(frame));
     }
     return *frames_[depth_];
-}
-
-void ThreadStack::advance() noexcept {
-    top_ = &frames_[depth_]->variables;
-    ++depth_;
 }
 
 }  // namespace otxns

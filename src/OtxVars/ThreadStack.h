@@ -25,7 +25,12 @@ public:
     // By the owner.
     std::size_t depth() const noexcept { return depth_; }
     OtxVarMap* top() const noexcept { return top_; }
-    void push(const Name& name);
+    void push(const Name& name) {
+        if (isShared_ || depth_ == frames_.size()) [[unlikely]]
+            return pushSlowly(name);
+        frames_[depth_]->name = &name;
+        advance();
+    }
     // Both only with a frame.
     const Name& topName() const noexcept { return *frames_[depth_ - 1]->name; }
     void pop() noexcept;
@@ -46,8 +51,12 @@ private:
     };
     class Change;
 
+    void pushSlowly(const Name& name);
     Frame& next();
-    void advance() noexcept;
+    void advance() noexcept {
+        top_ = &frames_[depth_]->variables;
+        ++depth_;
+    }
 
     std::recursive_mutex guard;
     bool isShared_ = false;

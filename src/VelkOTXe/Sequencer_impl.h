@@ -36,6 +36,8 @@ public:
     COtxValue Control(const std::string& command, const COtxValue& parameters) override;
     void SendEvent(const COtxValue& event) override;
 
+    const Otx& document() const noexcept { return *otx; }
+
 private:
     // Read the document into `otx`. For the constructor only.
     void LoadXML(std::istream& document);

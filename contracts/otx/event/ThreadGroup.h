@@ -28,8 +28,6 @@ public:
     std::optional<std::thread::id> RootOf(std::thread::id thread) const;
 
 private:
-    std::map<std::thread::id, std::vector<std::thread::id>>::iterator find(std::thread::id thread);
-
     // Guards groups_.
     mutable std::mutex groupsLock_;
     std::map<std::thread::id, std::vector<std::thread::id>> groups_;

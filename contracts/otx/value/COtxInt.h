@@ -27,7 +27,7 @@ public:
 class OTX_API COtxIntBehaviour : public COtxValueBehaviour {
 public:
     COtxIntBehaviour(long long value, COtxInt::Radix radix, OTX::ValueType type);
-    ~COtxIntBehaviour() override;
+    ~COtxIntBehaviour() override = default;
 
     bool operator==(const COtxValueBehaviour* other) const override;
     bool IsEqual(const COtxValue& right) const override;

@@ -3,6 +3,8 @@
 
 #include <otx/Export.h>
 #include <otx/value/COtxValueBehaviour.h>
+#include <otx/value/IByteField.h>
+#include <otx/value/IString.h>
 
 #include <exception>
 #include <iosfwd>

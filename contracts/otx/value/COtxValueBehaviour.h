@@ -57,7 +57,7 @@ class OTX_API COtxValueBehaviour : public std::enable_shared_from_this<COtxValue
 public:
     COtxValueBehaviour(const COtxValueBehaviour&) = delete;
     COtxValueBehaviour& operator=(const COtxValueBehaviour&) = delete;
-    virtual ~COtxValueBehaviour();
+    virtual ~COtxValueBehaviour() = default;
 
     // The comparisons never refuse. By default an object equals itself only; the order is by family of types, then by
     // address, so that any value can be a key.

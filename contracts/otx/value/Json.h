@@ -21,7 +21,7 @@ class OTX_API Value2IdMap {
 public:
     explicit Value2IdMap(bool otxForm) : otxForm_(otxForm) {}
 
-    // Whether an enclosing value asked for the OTX form; a value's own flag asks for it as well.
+    // Whether the value is to be written in the OTX form, because its own flag or that of an enclosing value says so.
     bool OtxForm() const noexcept { return otxForm_; }
 
 private:

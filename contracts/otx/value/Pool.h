@@ -47,10 +47,8 @@ public:
     static void give(void* memory, std::size_t size) noexcept {
         if (OTX_POOL_PASSES_THROUGH != 0 || size > largest) return ::operator delete(memory);
         List& list = ofThread.lists[(size - 1) / granule];
-        if (list.room == 0) [[unlikely]] {
-            if (!open()) return ::operator delete(memory);
-            if (list.room == 0) return ::operator delete(memory);
-        }
+        if (list.room == 0 && !open()) [[unlikely]]
+            return ::operator delete(memory);
         list.first = new (memory) Block{list.first};
         --list.room;
     }

@@ -80,7 +80,7 @@ COtxValue ByteFieldBehaviour::ToByteField() { return makeByteField(*this); }
 
 COtxValue ByteFieldBehaviour::ToJSONObject(Value2IdMap& conversion) {
     const COtxValue digits = makeText(hexText(*this));
-    return conversion.OtxForm() || OtxJSON() ? taggedJson(Type(), digits) : digits;
+    return conversion.OtxForm() ? taggedJson(Type(), digits) : digits;
 }
 
 const char* ByteFieldBehaviour::what() const { return lastingText(makeText(hexText(*this))); }

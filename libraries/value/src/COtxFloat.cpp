@@ -47,7 +47,7 @@ public:
 
     COtxValue ToJSONObject(Value2IdMap& conversion) override {
         if (std::isfinite(scalar().real)) return makeFloat(scalar().real, precision_);
-        if (!conversion.OtxForm() && !OtxJSON()) return COtxValue();
+        if (!conversion.OtxForm()) return COtxValue();
         return taggedJson(Type(), ToString());
     }
     // Only the JSON of what is no number depends on the flag, which could change.

@@ -11,6 +11,7 @@
 #include "Make.h"
 #include "Numbers.h"
 #include "NumberValues.h"
+#include "Order.h"
 #include "QuantityValues.h"
 #include "Refusal.h"
 #include "TextValues.h"
@@ -37,8 +38,6 @@ COtxIntBehaviour::COtxIntBehaviour(long long value, COtxInt::Radix radix, OTX::V
 
 COtxIntBehaviour::COtxIntBehaviour(long long value, COtxInt::Radix radix, Native native)
     : COtxValueBehaviour(OTX::ValueType::Integer, native, Scalar{.integer = value}), radix_(radix) {}
-
-COtxIntBehaviour::~COtxIntBehaviour() = default;
 
 bool COtxIntBehaviour::operator==(const COtxValueBehaviour* other) const {
     return otx::compareFamilies(this, other) == 0 && otx::compareNumbers(*this, *other) == 0;

@@ -15,6 +15,8 @@ namespace otx {
 
 namespace {
 
+using Native = COtxValueBehaviour::Native;
+
 const std::vector<COtxValue>& itemsBehind(const COtxValueBehaviour& behaviour) {
     return static_cast<const ListBehaviour&>(behaviour).items;
 }
@@ -24,6 +26,14 @@ COtxValue makeList(std::vector<COtxValue> items) { return makePlain<ListBehaviou
 }  // namespace
 
 std::weak_ordering compareValues(const COtxValue& left, const COtxValue& right) {
+    const COtxValueBehaviour* const first = left.GetBehaviourReference().get();
+    const COtxValueBehaviour* const second = right.GetBehaviourReference().get();
+    if (const auto order = compareFamilies(first, second); order != 0) return order;
+    // One walk instead of two at each level.
+    if (first != nullptr && first->NativeKind() == Native::List)
+        return static_cast<const ListBehaviour*>(first)->compareWith(*second);
+    if (first != nullptr && first->NativeKind() == Native::Map)
+        return static_cast<const MapBehaviour*>(first)->compareWith(*second);
     if (left < right) return std::weak_ordering::less;
     return left == right ? std::weak_ordering::equivalent : std::weak_ordering::greater;
 }

@@ -37,7 +37,7 @@ COtxValue MapBehaviour::ToString() { return makeText(plainJsonText(*this)); }
 void MapBehaviour::ToStream(std::ostream& out, int) const { streamJson(out, *this); }
 
 COtxValue MapBehaviour::ToJSONObject(Value2IdMap& conversion) {
-    return jsonOfMap(entries, conversion.OtxForm() || OtxJSON());
+    return jsonOfMap(entries, conversion.OtxForm());
 }
 
 COtxValue MapBehaviour::Copy(const COtxValue& self, OTX::CopyMap& copies) const {

@@ -36,7 +36,7 @@ public:
     COtxValue ToByteField() override { return makeByteField({begin(), end()}); }
     COtxValue ToHexBinaryString() override { return makeText(hexText({begin(), end()})); }
     void ToStream(std::ostream& out, int depth) const override {
-        const std::string& text = depth == 0 ? *this : quoted(*this);
+        const std::string text = depth == 0 ? std::string(*this) : quoted(*this);
         out.write(text.data(), static_cast<std::streamsize>(text.size()));
     }
     COtxValue ToJSONObject(Value2IdMap&) override { return makeText(*this); }

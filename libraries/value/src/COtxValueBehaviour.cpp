@@ -10,6 +10,7 @@
 #include "JsonWriter.h"
 #include "Order.h"
 #include "Refusal.h"
+#include "TypeNames.h"
 
 using otx::refuse;
 
@@ -34,8 +35,6 @@ const char* lastingTypeName(OTX::ValueType type) {
 }
 
 }  // namespace
-
-COtxValueBehaviour::~COtxValueBehaviour() = default;
 
 bool COtxValueBehaviour::operator==(const COtxValueBehaviour* other) const { return this == other; }
 
@@ -72,7 +71,7 @@ COtxValue COtxValueBehaviour::ToQuantity() { refuse("ToQuantity", type_); }
 
 void COtxValueBehaviour::ToStream(std::ostream& out, int) const {
     std::string text;
-    if (!textOf(*this, text)) text = "<" + OTX::typeName(type_) + ">";
+    if (!textOf(*this, text)) text = otx::typeMark(type_);
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
@@ -84,7 +83,7 @@ COtxValue COtxValueBehaviour::ToJSONObject(Value2IdMap& conversion) {
     std::string text;
     if (!textOf(*this, text)) text = OTX::typeName(type_);
     COtxString name(std::move(text));
-    if (!conversion.OtxForm() && !OtxJSON()) return name;
+    if (!conversion.OtxForm()) return name;
     return otx::taggedJson(type_, name);
 }
 

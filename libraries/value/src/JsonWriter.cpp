@@ -14,6 +14,7 @@
 #include "JsonTags.h"
 #include "Numbers.h"
 #include "Refusal.h"
+#include "TypeNames.h"
 #include "Utf8.h"
 
 namespace otx {
@@ -160,7 +161,7 @@ void streamJson(std::ostream& out, const COtxValueBehaviour& value) {
         // Writing changes nothing; ToJSONObject is not const for the sake of the contract.
         text = plainJsonText(const_cast<COtxValueBehaviour&>(value));
     } catch (const COtxValue&) {
-        text = "<" + OTX::typeName(value.Type()) + ">";
+        text = typeMark(value.Type());
     }
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
 }

@@ -1,0 +1,108 @@
+// A variable cell.
+#include <otx/value/OtxVariable.h>
+
+#include <otx/event/IEventSource.h>
+
+#include <sched.h>
+#include <sys/single_threaded.h>
+
+#include <algorithm>
+#include <iterator>
+#include <typeinfo>
+#include <utility>
+#include <vector>
+
+#include "TextValues.h"
+#include "event/EventSource.h"
+
+// The attached sources, replaced as a whole, so that a delivery can walk them without the lock.
+struct OtxVariable::Sources {
+    struct Source {
+        COtxValue name;
+        COtxValue source;
+    };
+    std::vector<Source> attached;
+
+    // A source that is closed, or that only the variable still knows, can't be seen to fire; a loop that attaches a new
+    // one in each turn must not pile them up.
+    static bool isAlive(const Source& one) {
+        if (one.source.GetBehaviourReference().use_count() == 1) return false;
+        const auto source = otx::sourceBehind(one.source);
+        return source == nullptr || !source->isClosed();
+    }
+};
+
+// Spins, since the lock is held for a few instructions. A process with one thread has nobody to lock out.
+class OtxVariable::Guard {
+public:
+    explicit Guard(const OtxVariable& variable) : lock_(variable.cellLock_) {
+        if (__libc_single_threaded != 0) return;
+        constexpr int spins = 64;
+        int tries = 0;
+        while (lock_.exchange(true, std::memory_order_acquire)) {
+            if (++tries % spins == 0) sched_yield();
+        }
+    }
+    Guard(const Guard&) = delete;
+    Guard& operator=(const Guard&) = delete;
+    ~Guard() { lock_.store(false, std::memory_order_release); }
+
+private:
+    std::atomic<bool>& lock_;
+};
+
+OtxVariable::~OtxVariable() = default;
+
+void OtxVariable::replace(COtxValue&& value) {
+    std::shared_ptr<const Sources> sources;
+    // A copy of the new value for the delivery, made only where there is one.
+    COtxValue delivered;
+    {
+        const Guard guard(*this);
+        std::swap(value_, value);
+        if (sources_ != nullptr) [[unlikely]] {
+            sources = sources_;
+            delivered = value_;
+        }
+    }
+    if (sources == nullptr) [[likely]]
+        return;
+    for (const auto& [name, source] : sources->attached) source.EventSource().Changed(name, delivered);
+}
+
+void OtxVariable::Set(const COtxValue& value) { replace(COtxValue(value)); }
+
+void OtxVariable::Store(COtxValue&& value) {
+    // A subclass sees every write through its Set.
+    if (typeid(*this) == typeid(OtxVariable)) [[likely]]
+        replace(std::move(value));
+    else
+        Set(value);
+}
+
+COtxValue OtxVariable::Value() const {
+    const Guard guard(*this);
+    return value_;
+}
+
+void OtxVariable::AddEventSource(const std::string& name, const COtxValue& source) {
+    static_cast<void>(source.EventSource());
+    const COtxValue text = otx::makeText(name);
+    auto extended = std::make_shared<Sources>();
+    std::shared_ptr<const Sources> old;
+    for (;;) {
+        {
+            const Guard guard(*this);
+            old = sources_;
+        }
+        extended->attached.clear();
+        if (old != nullptr)
+            std::copy_if(old->attached.begin(), old->attached.end(), std::back_inserter(extended->attached),
+                         Sources::isAlive);
+        extended->attached.push_back({text, source});
+        const Guard guard(*this);
+        if (sources_ != old) continue;
+        sources_ = extended;
+        return;
+    }
+}

@@ -1,0 +1,126 @@
+// Values nested deeply or in themselves: nothing of them may end the process.
+#include <otx/Stack.h>
+#include <otx/event/COtxEvent.h>
+
+#include "OnStack.h"
+#include "Thrown.h"
+
+namespace {
+
+using tests::nested;
+using tests::outOfBounds;
+
+constexpr std::size_t million = 1000000;
+
+COtxValue nestedMap(std::size_t levels) {
+    COtxValue value = COtxMap();
+    for (std::size_t level = 1; level < levels; ++level)
+        value = COtxMap(std::map<const std::string, COtxValue>{{"k", value}});
+    return value;
+}
+
+// A list that holds itself; its owner must break it.
+class Cycle {
+public:
+    Cycle() { list.List().push_back(list); }
+    ~Cycle() { list.List().clear(); }
+    Cycle(const Cycle&) = delete;
+    Cycle& operator=(const Cycle&) = delete;
+
+    const COtxList list;
+};
+
+void refusesEverything(const COtxValue& value, const COtxValue& other) {
+    EXPECT_EQ(OTX_THROWN_KIND(value.ToString()), outOfBounds);
+    EXPECT_EQ(OTX_THROWN_KIND(value.ToJSON()), outOfBounds);
+    EXPECT_EQ(OTX_THROWN_KIND(value == other), outOfBounds);
+    EXPECT_EQ(OTX_THROWN_KIND(value < other), outOfBounds);
+    EXPECT_EQ(OTX_THROWN_KIND(value > other), outOfBounds);
+    EXPECT_EQ(OTX_THROWN_TEXT(value.ToJSON()), "Value is nested too deeply or contains itself");
+    // The stream never refuses.
+    EXPECT_EQ(tests::streamed(value), "<" + value.stringType() + ">");
+}
+
+}  // namespace
+
+TEST(Deep, AMillionLevelsDieWithoutTheStack) {
+    { const COtxValue list = nested(million); }
+    { const COtxValue map = nestedMap(million); }
+    tests::onStack(tests::smallStack, [] { const COtxValue list = nested(million); });
+    SUCCEED();
+}
+
+TEST(Deep, SeveralBranchesDieTogether) {
+    std::vector<COtxValue> branches;
+    for (int branch = 0; branch < 10; ++branch) branches.push_back(nested(20000));
+    const COtxValue held = branches[3];
+    { const COtxValue list = COtxList(std::move(branches)); }
+    EXPECT_EQ(held.List().size(), 1u);
+}
+
+TEST(Deep, EnumerationItemsAndEventsDieWithoutTheStack) {
+    COtxValue item = COtxInt(1);
+    COtxValue event = COtxInt(1);
+    for (std::size_t level = 0; level < million; ++level) {
+        item = COtxEnumerationItem(COtxString("T"), COtxString("n"), item);
+        event = COtxEvent(OTX::EventKind::MonitorChange, event);
+    }
+    EXPECT_EQ(OTX_THROWN_KIND(event.ToString()), outOfBounds);
+}
+
+TEST(Deep, OperationsRefuseAMillionLevels) {
+    const COtxValue value = nested(million);
+    const COtxValue other = nested(million);
+    refusesEverything(value, other);
+    EXPECT_EQ(OTX_THROWN_KIND(OTX::DeepCopy(value)), outOfBounds);
+    const COtxValue map = nestedMap(million);
+    refusesEverything(map, nestedMap(million));
+    EXPECT_EQ(OTX_THROWN_KIND(OTX::DeepCopy(map)), outOfBounds);
+}
+
+TEST(Deep, OperationsRefuseOnASmallStackAndStillDoUsefulWorkThere) {
+    const COtxValue deep = nested(20000);
+    const COtxValue other = nested(20000);
+    const COtxValue modest = nested(50);
+    tests::onStack(tests::smallStack, [&] {
+        refusesEverything(deep, other);
+        EXPECT_EQ(OTX_THROWN_KIND(OTX::DeepCopy(deep)), outOfBounds);
+        EXPECT_EQ(tests::json(modest), std::string(50, '[') + std::string(50, ']'));
+        EXPECT_TRUE(OTX::DeepCopy(modest) == modest);
+    });
+}
+
+TEST(Deep, ValuesThatContainThemselvesAreRefused) {
+    const Cycle one;
+    const Cycle other;
+    refusesEverything(one.list, other.list);
+    EXPECT_TRUE(one.list == one.list);
+    EXPECT_FALSE(one.list < one.list);
+}
+
+TEST(Deep, ValuesThatContainThemselvesAreCopiedAsSuch) {
+    const Cycle cycle;
+    const COtxValue copy = OTX::DeepCopy(cycle.list);
+    EXPECT_EQ(copy.List().size(), 1u);
+    EXPECT_EQ(copy.List()[0].GetBehaviourReference(), copy.GetBehaviourReference());
+    EXPECT_NE(copy.GetBehaviourReference(), cycle.list.GetBehaviourReference());
+    copy.List().clear();
+}
+
+TEST(Stack, KeepsAReserveAndLeavesSmallStacksUseful) {
+    for (const std::size_t size : {tests::smallStack, std::size_t{1024 * 1024}}) {
+        tests::onStack(size, [size] {
+            EXPECT_FALSE(otx::stackIsLow());
+            EXPECT_GT(otx::stackLeft(), size / 2);
+            EXPECT_LT(otx::stackLeft(), size);
+            const std::size_t depth = tests::recurseUntil([] { return otx::stackIsLow(); });
+            EXPECT_GT(depth, size / 2 / 2048);
+            EXPECT_EQ(tests::recurseUntil([] { return otx::stackLeft() == 0; }), depth);
+        });
+    }
+}
+
+TEST(Stack, IsKnownOnTheMainThread) {
+    EXPECT_FALSE(otx::stackIsLow());
+    EXPECT_GT(otx::stackLeft(), 64u * 1024);
+}

@@ -1,0 +1,114 @@
+// How a stream is told apart as XML or compiled form.
+#include "BackgroundRun.h"
+#include "Documents.h"
+#include "StopHost.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using namespace api;
+
+const std::string good = document(procedure("main", "", integer("outParam", "o", 5)));
+
+std::string failureOf(const std::string& text) {
+    try {
+        load(text);
+    } catch (const std::runtime_error& failure) {
+        return failure.what();
+    }
+    return "loaded";
+}
+
+void expectLoads(std::istream& stream) {
+    const auto sequencer = velkotx::CreateSequencer(stream);
+    const auto host = std::make_shared<StopHost>();
+    sequencer->SetHost(host);
+    EXPECT_EQ(outcomeOfRun(*sequencer, "main"), R"({"o":5})");
+}
+
+#define EXPECT_BEGINS(text, beginning) \
+    EXPECT_TRUE(std::string(text).starts_with(beginning)) << (text)
+
+TEST(Stream, BeginsWithTheXmlDeclaration) {
+    std::istringstream stream(good);
+    expectLoads(stream);
+}
+
+TEST(Stream, MayHaveBlanksInFront) {
+    std::istringstream stream(" \n\t\r\n " + good);
+    expectLoads(stream);
+}
+
+TEST(Stream, IsReadAsXmlFromWhereItStands) {
+    std::istringstream stream("something else " + good);
+    stream.seekg(15);
+    expectLoads(stream);
+}
+
+TEST(Stream, AcceptsAnyWhiteSpaceBehindTheWord) {
+    std::string text = good;
+    text.replace(5, 1, "\n");
+    std::istringstream stream(text);
+    expectLoads(stream);
+}
+
+TEST(Stream, WithALongerFirstWordIsCompiledForm) {
+    std::string text = good;
+    text.replace(5, 1, "x ");
+    EXPECT_BEGINS(failureOf(text), "VelkOTX CDR Parsing Exception: ");
+}
+
+TEST(Stream, WithAShorterFirstWordIsCompiledForm) {
+    EXPECT_BEGINS(failureOf("<?xm l"), "VelkOTX CDR Parsing Exception: ");
+    EXPECT_BEGINS(failureOf(good.substr(good.find("<otx"))), "VelkOTX CDR Parsing Exception: ");
+}
+
+TEST(Stream, InCapitalsIsCompiledForm) {
+    std::string text = good;
+    text.replace(2, 3, "XML");
+    EXPECT_BEGINS(failureOf(text), "VelkOTX CDR Parsing Exception: ");
+}
+
+TEST(Stream, WithAByteOrderMarkIsCompiledForm) {
+    EXPECT_BEGINS(failureOf("\xEF\xBB\xBF" + good), "VelkOTX CDR Parsing Exception: ");
+}
+
+TEST(Stream, ThatIsEmptyIsCompiledForm) {
+    EXPECT_BEGINS(failureOf(""), "VelkOTX CDR Parsing Exception: ");
+    EXPECT_BEGINS(failureOf(" \n "), "VelkOTX CDR Parsing Exception: ");
+}
+
+TEST(Stream, WithNothingButTheWordIsXml) {
+    EXPECT_BEGINS(failureOf("<?xml"), "VelkOTX XML Parsing Exception: ");
+    EXPECT_BEGINS(failureOf("<?xml "), "VelkOTX XML Parsing Exception: ");
+}
+
+TEST(Stream, ThatBreaksOffIsXml) {
+    EXPECT_BEGINS(failureOf(good.substr(0, good.size() / 2)), "VelkOTX XML Parsing Exception: ");
+}
+
+TEST(Stream, IsNotKept) {
+    std::shared_ptr<velkotx::Sequencer> sequencer;
+    {
+        std::istringstream stream(good);
+        sequencer = velkotx::CreateSequencer(stream);
+    }
+    const auto host = std::make_shared<StopHost>();
+    sequencer->SetHost(host);
+    EXPECT_EQ(outcomeOfRun(*sequencer, "main"), R"({"o":5})");
+}
+
+TEST(Stream, ThatCannotBeReadLeavesLoadingPossible) {
+    for (int round = 0; round < 20; ++round) {
+        EXPECT_NE(failureOf("<?xml version=\"1.0\"?><wrong/>"), "loaded");
+        EXPECT_NE(failureOf("nothing"), "loaded");
+    }
+    EXPECT_EQ(failureOf(good), "loaded");
+}
+
+}  // namespace
