@@ -11,12 +11,18 @@
 // Writes the line `thread:file:line:function:message` when the level is on; else costs one load and one compare, and
 // evaluates nothing of the message. The message is a chain of insertions: OTX_TRACE(4, "Enter: " << name);
 // Never raises. Levels: 0 failures, 1 things ignored, 2 commands, 3 milestones, 4 detail.
-#define OTX_TRACE(level, message)                                                                                 \
-    do {                                                                                                          \
-        if (otxns::Trace::isOn(level)) [[unlikely]] {                                                             \
-            static constinit otxns::Trace::Place otxTracePlace(__FILE__, __LINE__, __PRETTY_FUNCTION__);          \
+#define OTX_TRACE(level, message) OTX_TRACE_PLACE(level, message, __PRETTY_FUNCTION__)
+
+// The same in a function that does the work of the one which the line is to name, in the compiler's form, such as
+// "otxns::Handler_impl<otxns::Handler_base>::exec".
+#define OTX_TRACE_AS(function, level, message) OTX_TRACE_PLACE(level, message, function)
+
+#define OTX_TRACE_PLACE(level, message, function)                                                                    \
+    do {                                                                                                             \
+        if (otxns::Trace::isOn(level)) [[unlikely]] {                                                                \
+            static constinit otxns::Trace::Place otxTracePlace(__FILE__, __LINE__, function);                        \
             otxns::Trace::write(level, otxTracePlace, [&](std::ostream& otxTraceLine) { otxTraceLine << message; }); \
-        }                                                                                                         \
+        }                                                                                                            \
     } while (false)
 
 namespace otxns {

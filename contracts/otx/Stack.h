@@ -18,9 +18,9 @@ OTX_API std::uintptr_t findStackReserve(std::uintptr_t frame) noexcept;
 
 }  // namespace detail
 
-// The bytes that the calling thread may still use before its reserve begins: 64 KB (192 KB in a build with the address
-// sanitizer), but at most a quarter of the thread's stack. The reserve is for unwinding, for the failure's own text and
-// for the calls that don't ask. Any thread; never throws.
+// The bytes that the calling thread may still use before its reserve begins. The reserve is 64 KB (192 KB in a build with
+// the address sanitizer) but at most a quarter of the stack, and all that lies beyond 64 MB. It is for unwinding, for the
+// failure's own text and for the calls that don't ask. Any thread; never throws.
 inline std::size_t stackLeft() noexcept {
     const auto frame = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     std::uintptr_t reserve = detail::stackReserve;

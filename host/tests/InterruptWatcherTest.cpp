@@ -18,6 +18,9 @@ namespace {
 
 using velkotx::host::InterruptWatcher;
 
+// A process that a shell started in the background ignores Ctrl-C; the tests press it for themselves.
+[[maybe_unused]] const auto formerHandler = std::signal(SIGINT, SIG_DFL);
+
 // To the process, as a terminal sends it.
 void pressCtrlC() {
     kill(getpid(), SIGINT);

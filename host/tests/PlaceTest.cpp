@@ -20,7 +20,8 @@ TEST(Place, TheFirstOneCounts) {
 }
 
 TEST(Place, AMessageWithoutOneStaysAsItIs) {
-    for (const char* message : {"no such file", "some error: here", "x:1 error: y", ":1: error: y", " error: ", "::2 error: y"}) {
+    for (const char* message : {"no such file", "some error: here", "x:1:2 error: y", ":1 error: y", ":1: error: y",
+                                "::2 error: y", " error: "}) {
         EXPECT_EQ(takePlace(message).place, "") << message;
         EXPECT_EQ(takePlace(message).message, message);
     }

@@ -18,7 +18,6 @@ def files(catalogue):
         yield f"{module.file}.h", lambda m=module: headers.classes(catalogue, m)
         for index, types in enumerate(sources.chunks(catalogue, module), 1):
             yield f"{module.file}_{index}.cpp", lambda m=module, t=types: sources.definitions(catalogue, m, t)
-        yield f"{module.file}_types.cpp", lambda m=module: sources.registration(catalogue, m)
     yield "names.h", lambda: headers.names(catalogue)
     yield "names.cpp", lambda: sources.names(catalogue)
 

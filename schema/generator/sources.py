@@ -3,7 +3,8 @@
 from catalogue import SIMPLE
 from cpp import holder, identifier, in_namespace, member_class, wide
 
-CHUNK = 30
+# How many types share a source: few enough for builds side by side, many enough to pay for the headers.
+CHUNK = 60
 NOTE = "// Generated from the catalogue. {}\n"
 CARDINALITY = {"one": "oneElement", "optional": "optionalElement", "sequence": "sequenceElement"}
 PRESENCE = {"required": "required", "optional": "optional", "default": "defaulted"}
@@ -19,9 +20,10 @@ def definitions(catalogue, module, types):
     text = NOTE.format(f"Constructors and tables of module {module.name}.")
     text += "".join(f"#include <schema/{file}.h>\n" for file in sorted(needed))
     # The classes' operations return and take values of the value library.
-    text += "#include <schema/Holders.h>\n#include <schema/Reader.h>\n#include <schema/names.h>\n\n"
+    text += "#include <schema/Holders.h>\n#include <schema/Reader.h>\n#include <schema/Registry.h>\n#include <schema/names.h>\n\n"
     text += "#include <otx/value/COtxValue.h>\n\n"
-    return text + in_namespace(module, "\n".join(one_class(catalogue, t) for t in types))
+    text += in_namespace(module, "\n".join(one_class(catalogue, t) for t in types))
+    return text + registration(catalogue, module, types)
 
 
 def one_class(catalogue, t):
@@ -148,30 +150,26 @@ def attribute_row(t, m):
     )
 
 
-def registration(catalogue, module):
-    concrete = [t for t in module.types if not t.abstract]
-    text = NOTE.format(f"Registration of module {module.name}.")
-    text += f"#include <schema/{module.file}.h>\n#include <schema/Holders.h>\n#include <schema/Registry.h>\n#include <schema/names.h>\n\n"
-    text += "#include <otx/value/COtxValue.h>\n\n"
-    text += "namespace {\n\n"
+def registration(catalogue, module, types):
+    """The registered types among those of one source, and the module's substitution groups with its first."""
     rows = "".join(
-        f'    {{{{"{t.name}", "{module.space}"}}, schema::make<{t.qualified}>, &typeid({t.qualified}),\n     schema::insert<{t.qualified}>, schema::extract<{t.qualified}>}},\n' for t in concrete
+        f'    {{{{"{t.name}", "{module.space}"}}, schema::make<{t.qualified}>, &typeid({t.qualified}),\n'
+        f"     schema::insert<{t.qualified}>, schema::extract<{t.qualified}>}},\n"
+        for t in types
+        if not t.abstract
     )
-    text += f"const schema::RegisteredType types[] = {{\n{rows}}};\n\n"
+    text = f"\nnamespace {{\n\nconst schema::RegisteredType types[] = {{\n{rows}}};\n\n"
     substitutes = ""
-    for head, group in module.substitutions.items():
-        for name, type_name in group:
-            t = next(x for x in module.types if x.name == type_name)
-            substitutes += (
-                f'    {{{{"{head}", "{module.space}"}}, schema::names::{identifier(name)}, schema::spaces::{module.name}, '
-                f'schema::groups::{head}, {{"{t.name}", "{module.space}"}}, schema::make<{t.qualified}>}},\n'
-            )
+    if types[0] is catalogue.base_first(module.types)[0]:
+        substitutes = "".join(
+            f'    {{{{"{head}", "{module.space}"}}, schema::names::{identifier(name)}, schema::spaces::{module.name}, '
+            f'schema::groups::{head}, {{"{type_name}", "{module.space}"}}, schema::make<{module.name}::{type_name}>}},\n'
+            for head, group in module.substitutions.items()
+            for name, type_name in group
+        )
     if substitutes:
         text += f"const schema::Substitute substitutes[] = {{\n{substitutes}}};\n\n"
-        text += "const schema::Registration registration(types, substitutes);\n"
-    else:
-        text += "const schema::Registration registration(types);\n"
-    return text + "\n}  // namespace\n"
+    return text + f"const schema::Registration registration(types{', substitutes' if substitutes else ''});\n\n}}  // namespace\n"
 
 
 def names(catalogue):

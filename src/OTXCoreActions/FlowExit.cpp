@@ -18,7 +18,7 @@ const std::string& targetOf(const LoopEnd& node) {
 }  // namespace
 
 FlowExit FlowExit::of(const Return& node) {
-    OTX_TRACE(4, "Return");
+    OTX_TRACE_AS("otxns::Return_impl<otxns::Return_base>::exec", 4, "Return");
     return {Kind::returned, node.id()};
 }
 

@@ -11,6 +11,8 @@ namespace otxns {
 
 namespace {
 
+constexpr const char* execName = "otxns::Handler_impl<otxns::Handler_base>::exec";
+
 // Exact types are compared: a catch of a class doesn't take the classes derived from it. Only the root takes all. This is
 // meant.
 bool takes(const CatchingFlow& candidate, const COtxValue& caught) {
@@ -45,30 +47,30 @@ FlowExit run(const Handler& node, OtxContext& context) {
     FlowExit exit;
     try {
         try {
-            OTX_TRACE(4, "Try...");
+            OTX_TRACE_AS(execName, 4, "Try...");
             exit = run(handler.try_(), context);
         } catch (COtxValue& caught) {
-            OTX_TRACE(3, "Caught: " << caught);
+            OTX_TRACE_AS(execName, 3, "Caught: " << caught);
             pending = std::current_exception();
             context.Variables().Unwind(depth);
             if (const CatchingFlow* const chosen = matching(handler, caught)) {
-                OTX_TRACE(4, "Matched: " << caught);
+                OTX_TRACE_AS(execName, 4, "Matched: " << caught);
                 pending = nullptr;
                 exit = runCatch(*chosen, caught, context);
             }
         }
         if (exit && !exit.isReturn()) return exit;
-        if (exit) OTX_TRACE(3, "Caught return");
+        if (exit) OTX_TRACE_AS(execName, 3, "Caught return");
     } catch (velkotx::ReturnException&) {
-        OTX_TRACE(3, "Caught return");
+        OTX_TRACE_AS(execName, 3, "Caught return");
         pending = std::current_exception();
     }
     if (handler.finally().present()) {
-        OTX_TRACE(4, "Finally...");
+        OTX_TRACE_AS(execName, 4, "Finally...");
         if (const FlowExit replacement = run(handler.finally().get(), context)) return replacement;
     }
     if (pending == nullptr && !exit) return {};
-    OTX_TRACE(4, "No handler matched or early return, rethrowing");
+    OTX_TRACE_AS(execName, 4, "No handler matched or early return, rethrowing");
     if (pending != nullptr) std::rethrow_exception(pending);
     return exit;
 }

@@ -1,5 +1,4 @@
 // An OTX exception as the host sees it.
-#include <Trace.h>
 #include <VelkOTXe/Boundary.h>
 #include <otx/value/IException.h>
 #include <velkotx/Exceptions.h>
@@ -7,7 +6,6 @@
 namespace otxns {
 
 void leaveAsSequenceException(const COtxValue& exception) {
-    OTX_TRACE(0, "Uncaught OTX Sequence Exception: " << exception);
     // A host object may throw any value.
     if (exception.Type() != OTX::ValueType::Exception)
         throw velkotx::OTXSequenceException(exception.stringType(), exception.what());

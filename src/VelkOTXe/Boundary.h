@@ -5,7 +5,7 @@
 
 namespace otxns {
 
-// Logs an OTX exception that nobody caught, and throws it on as OTXSequenceException.
+// Throws an OTX exception that nobody caught on as OTXSequenceException.
 [[noreturn]] void leaveAsSequenceException(const COtxValue& exception);
 
 }  // namespace otxns

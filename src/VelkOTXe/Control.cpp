@@ -35,6 +35,7 @@ void Sequencer_impl::SendEvent(const COtxValue& event) {
         if (eventType.starts_with("ESP-")) context->HostService();
         throw std::runtime_error("Unknown event type: " + eventType);
     } catch (COtxValue& exception) {
+        OTX_TRACE(0, "Uncaught OTX Sequence Exception: " << exception);
         leaveAsSequenceException(exception);
     }
 }

@@ -22,7 +22,6 @@ namespace {
 using Cells = ArgumentMap<std::shared_ptr<OtxVariable>>;
 
 std::exception_ptr cancellation() {
-    OTX_TRACE(3, "sequence cancelled");
     return std::make_exception_ptr(velkotx::OTXRuntimeException("cancelled", ""));
 }
 
@@ -47,6 +46,7 @@ COtxValue Sequencer_impl::Run(const std::string& procedure, const COtxValue& arg
         context->PrepareRun(otx);
         result = OtxMain(procedure, arguments, startStopped);
     } catch (COtxValue& exception) {
+        OTX_TRACE(0, "Uncaught OTX Sequence Exception: " << exception);
         leaveAsSequenceException(exception);
     }
     OTX_TRACE(3, "\n<========== Exit Sequence " << procedure << " ==========>");
@@ -72,11 +72,13 @@ COtxValue Sequencer_impl::OtxMain(const std::string& procedure, const COtxValue&
         result = published(out);
         OTX_TRACE(3, "sequence finished");
     } catch (velkotx::CancelException&) {
+        OTX_TRACE(3, "sequence cancelled");
         failure = cancellation();
     }
     OTX_PASS_FORCED_UNWIND
     catch (...) {
         if (context->FlowOf(thread).state == FlowState::cancelled) {
+            OTX_TRACE(3, "sequence cancelled");
             failure = cancellation();
         } else {
             OTX_TRACE(3, "sequence finished with unhandled exception");

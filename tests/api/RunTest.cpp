@@ -123,6 +123,38 @@ TEST_F(Run, TakesAnExceptionOfTheHostAsOneOfTheSequence) {
     EXPECT_EQ(outcomeOfRun(*sequencer, "main", COtxValue(), true), "exception UserException: from the host");
 }
 
+// Runs another sequencer on the thread of the stopped flow.
+class NestingHost : public velkotx::HostEventSink {
+public:
+    NestingHost(velkotx::Sequencer& inner, StopHost& stops) : inner_(inner), stops_(stops) {}
+
+    void sendRequest(const COtxValue& message) override {
+        outcomes.push_back(outcomeOfRun(inner_, outcomes.empty() ? "main" : "fail"));
+        stops_.sendRequest(message);
+    }
+
+    std::vector<std::string> outcomes;
+
+private:
+    velkotx::Sequencer& inner_;
+    StopHost& stops_;
+};
+
+TEST_F(Run, MayTakePlaceInsideTheCallbackOfAnotherOne) {
+    begin(counting);
+    const auto inner = load(counting);
+    inner->SetHost(host);
+    const auto nesting = std::make_shared<NestingHost>(*inner, *host);
+    sequencer->SetHost(nesting);
+    BackgroundRun run(sequencer, "main", true);
+    for (int stop = 0; stop < 2; ++stop) {
+        host->nextStop();
+        sequencer->Control("step", COtxValue());
+    }
+    EXPECT_EQ(run.outcome(), R"({"o":11})");
+    EXPECT_EQ(nesting->outcomes, (std::vector<std::string>{R"({"o":11})", "exception UserException: t"}));
+}
+
 TEST_F(Run, TakesTheEmptyValueForNoArguments) {
     begin(counting);
     EXPECT_EQ(outcomeOfRun(*sequencer, "main", COtxValue()), R"({"o":11})");

@@ -4,6 +4,7 @@
 #include "Loading.h"
 #include "Outcome.h"
 #include "RecordingHost.h"
+#include "ShortStack.h"
 #include "Stepper.h"
 #include "TraceRecorder.h"
 #include "Transcript.h"
@@ -31,6 +32,26 @@ std::string outcomeOf(velkotx::Sequencer& sequencer, const Step& step, bool star
     }
 }
 
+// The steps of the script, all on one thread, because a sequencer knows its flows by their threads.
+void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, const Script& script, bool stepped, Transcript& transcript) {
+    for (const Step& step : script.steps) {
+        if (step.kind == Step::Kind::context) {
+            sequencer.SetContextVariables(OTX::FromJSON(step.json));
+        } else if (step.kind == Step::Kind::translations) {
+            sequencer.SetTranslations(OTX::FromJSON(step.json));
+        } else if (stepped) {
+            Stepper stepper(sequencer);
+            host.stepWith(&stepper);
+            const std::string outcome = outcomeOf(sequencer, step, true);
+            host.stepWith(nullptr);
+            stepper.finish();
+            transcript.add(outcome);
+        } else {
+            transcript.add(outcomeOf(sequencer, step, false));
+        }
+    }
+}
+
 }  // namespace
 
 std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode) {
@@ -51,22 +72,12 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     const auto host = std::make_shared<RecordingHost>(transcript, script.stopKeys);
     if (script.withHost) sequencer->SetHost(host);
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
-    for (const Step& step : script.steps) {
-        if (step.kind == Step::Kind::context) {
-            sequencer->SetContextVariables(OTX::FromJSON(step.json));
-        } else if (step.kind == Step::Kind::translations) {
-            sequencer->SetTranslations(OTX::FromJSON(step.json));
-        } else if (stepped) {
-            Stepper stepper(*sequencer);
-            host->stepWith(&stepper);
-            const std::string outcome = outcomeOf(*sequencer, step, true);
-            host->stepWith(nullptr);
-            stepper.finish();
-            transcript.add(outcome);
-        } else {
-            transcript.add(outcomeOf(*sequencer, step, false));
-        }
-    }
+    const auto work = [&] { runSteps(*sequencer, *host, script, stepped, transcript); };
+    // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.
+    if (stepped)
+        onShortStack(work);
+    else
+        work();
     return transcript.lines();
 }
 

@@ -21,7 +21,7 @@ public:
     // and see every write.
     virtual void Set(const COtxValue& value);
 
-    // Set for a value that the caller gives away.
+    // Set for a value that the caller gives away; what its handle holds afterwards is not told.
     void Store(COtxValue&& value);
 
     // Goes through the virtual Set. Gives its argument.

@@ -22,6 +22,9 @@ constexpr std::uintptr_t largestReserve = 64 * 1024;
 constexpr std::uintptr_t largestReserve = 64 * 1024;
 #endif
 
+// What a recursion may use of a stack without a limit.
+constexpr std::uintptr_t largestStack = 64 * 1024 * 1024;
+
 struct StackRange {
     std::uintptr_t low = 0;
     std::uintptr_t high = 0;
@@ -50,7 +53,9 @@ std::uintptr_t findStackReserve(std::uintptr_t frame) noexcept {
     if (stackReserve == std::numeric_limits<std::uintptr_t>::max()) {
         const StackRange range = rangeOfThread();
         if (frame < range.low || frame >= range.high) return 0;
-        stackReserve = range.low + std::min(largestReserve, (range.high - range.low) / 4);
+        const std::uintptr_t size = range.high - range.low;
+        const std::uintptr_t used = std::min(largestStack, size - std::min(largestReserve, size / 4));
+        stackReserve = range.high - used;
     }
     return stackReserve;
 }

@@ -64,7 +64,7 @@ TEST(ByteField, Index0IsTheFirstByteAndPosition0TheLowestBit) {
     value.ByteField().SetBit(0, 7, true);
     value.ByteField().SetBit(1, 7, false);
     EXPECT_EQ(hex(value), "8100");
-    for (const auto [index, position] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 8}}) {
+    for (const auto& [index, position] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 8}}) {
         EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().GetBit(index, position)), outOfBounds);
         EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().SetBit(index, position, true)), outOfBounds);
     }

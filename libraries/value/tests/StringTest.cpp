@@ -24,7 +24,7 @@ std::string decoded(std::vector<unsigned char> bytes, Encoding encoding) {
 
 std::string joined(const COtxValue& list) {
     std::string result;
-    for (const COtxValue& part : list.List()) result += "[" + std::string(part.String()) + "]";
+    for (const COtxValue& part : list.List()) result.append("[").append(part.String()).append("]");
     return result;
 }
 

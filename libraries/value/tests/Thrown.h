@@ -8,12 +8,12 @@
 
 namespace tests {
 
-// The OTX exception that the call throws; the empty value when it throws none. Caught by value, as hosts may.
+// The OTX exception that the call throws; the empty value when it throws none.
 template <class Call>
 COtxValue thrown(Call call) {
     try {
         call();
-    } catch (COtxValue value) {
+    } catch (const COtxValue& value) {
         return value;
     }
     return COtxValue();

@@ -27,41 +27,55 @@ std::uint32_t length(std::size_t count) {
 
 }  // namespace
 
+void OutputStream::align(std::size_t size) {
+    for (; offset_ % size != 0; ++offset_) written(stream_.write_octet(0));
+    offset_ += size;
+}
+
 void OutputStream::writeBoolean(bool value) {
+    align(1);
     written(stream_.write_boolean(value));
 }
 
 void OutputStream::writeShort(std::int16_t value) {
+    align(2);
     written(stream_.write_short(value));
 }
 
 void OutputStream::writeUnsignedShort(std::uint16_t value) {
+    align(2);
     written(stream_.write_ushort(value));
 }
 
 void OutputStream::writeLong(std::int32_t value) {
+    align(4);
     written(stream_.write_long(value));
 }
 
 void OutputStream::writeUnsignedLong(std::uint32_t value) {
+    align(4);
     written(stream_.write_ulong(value));
 }
 
 void OutputStream::writeLongLong(std::int64_t value) {
+    align(8);
     written(stream_.write_longlong(value));
 }
 
 void OutputStream::writeDouble(double value) {
+    align(8);
     written(stream_.write_double(value));
 }
 
 void OutputStream::writeString(const std::string& value) {
     writeUnsignedLong(length(value.size() + 1));
     written(stream_.write_char_array(value.c_str(), length(value.size() + 1)));
+    offset_ += value.size() + 1;
 }
 
 void OutputStream::writeOctets(const char* data, std::size_t size) {
     writeUnsignedLong(length(size));
+    offset_ += size;
     written(size == 0 || stream_.write_octet_array(reinterpret_cast<const ACE_CDR::Octet*>(data), length(size)));
 }
 

@@ -34,7 +34,13 @@ public:
     void writeCount(std::size_t count);
 
 private:
+    // Fills up to the border of a number's size with zeros, where the stream itself would leave what its memory held,
+    // and counts the number.
+    void align(std::size_t size);
+
     ACE_OutputCDR& stream_;
+    // Bytes written so far. The stream could tell, but walks over all its blocks to know.
+    std::size_t offset_ = 0;
     std::map<std::string, std::uint32_t> pool_;
 };
 

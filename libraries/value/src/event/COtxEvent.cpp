@@ -7,8 +7,8 @@
 
 #include "../Demolition.h"
 #include "../Make.h"
-#include "../Refusal.h"
 #include "../TextValues.h"
+#include "../TypeNames.h"
 
 namespace otx {
 
@@ -27,6 +27,13 @@ const char* nameOf(OTX::EventKind kind) {
     return "Event";
 }
 
+// A String; that of no name for the empty value.
+COtxValue eventName(const COtxValue& name) {
+    if (name.Type() == OTX::ValueType::Empty) return COtxString();
+    static_cast<void>(name.String());
+    return name;
+}
+
 class EventBehaviour final : public COtxValueBehaviour, public OTX::IEvent {
 public:
     EventBehaviour(OTX::EventKind kind, const COtxValue& name, const COtxValue& value)
@@ -34,15 +41,15 @@ public:
     ~EventBehaviour() override { demolish(value_); }
 
     COtxValue ToString() override {
-        checkNesting();
-        std::ostringstream content;
-        if (!name_.String().empty()) content << name_;
-        if (value_.Type() != OTX::ValueType::Empty) {
-            if (content.tellp() > 0) content << ", ";
-            content << value_;
-        }
-        const std::string inside = content.str();
-        return makeText(inside.empty() ? nameOf(kind_) : std::string(nameOf(kind_)) + "(" + inside + ")");
+        const std::string& name = name_.String();
+        const std::string value = valueText();
+        std::string text = nameOf(kind_);
+        if (name.empty() && value.empty()) return makeText(std::move(text));
+        text += "(";
+        text += name;
+        if (!name.empty() && !value.empty()) text += ", ";
+        text += value;
+        return makeText(text += ")");
     }
     const OTX::IEvent& IEvent() const override { return *this; }
 
@@ -51,6 +58,16 @@ public:
     const COtxValue& Name() const override { return name_; }
 
 private:
+    // Of what holds values only the type: an event may hold the one before it, and that the one before, without end.
+    std::string valueText() const {
+        const OTX::ValueType type = value_.Type();
+        if (type == OTX::ValueType::List || type == OTX::ValueType::Map || type == OTX::ValueType::Event)
+            return typeMark(type);
+        std::ostringstream text;
+        text << value_;
+        return text.str();
+    }
+
     const OTX::EventKind kind_;
     const COtxValue name_;
     COtxValue value_;
@@ -62,6 +79,4 @@ private:
 
 COtxEvent::COtxEvent(OTX::EventKind kind, const COtxValue& value) : COtxEvent(kind, COtxString(), value) {}
 COtxEvent::COtxEvent(OTX::EventKind kind, const COtxValue& name, const COtxValue& value)
-    : COtxValue(otx::makePlain<otx::EventBehaviour>(kind, name.ToString(), value)) {
-    static_cast<void>(name.String());
-}
+    : COtxValue(otx::makePlain<otx::EventBehaviour>(kind, otx::eventName(name), value)) {}

@@ -7,9 +7,10 @@ namespace otx {
 
 namespace {
 
-// A thread in no group is a group of its own.
-std::thread::id groupOf(std::thread::id thread) {
-    return COtxEventSource::ThreadGroup().RootOf(thread).value_or(thread);
+// Lives as long as the calling thread.
+std::weak_ptr<const void> lifeOfThisThread() {
+    static thread_local const std::shared_ptr<const void> life = std::make_shared<char>();
+    return life;
 }
 
 }  // namespace
@@ -20,9 +21,12 @@ OpenSources& OpenSources::instance() {
 }
 
 void OpenSources::add(const std::shared_ptr<EventSource>& source) {
-    const std::thread::id root = groupOf(std::this_thread::get_id());
+    const std::thread::id self = std::this_thread::get_id();
+    const auto root = COtxEventSource::ThreadGroup().RootOf(self);
+    Entry entry{root.value_or(self), std::nullopt, source};
+    if (!root) entry.lifeOfThread = lifeOfThisThread();
     const std::lock_guard guard(sourcesLock_);
-    sources_.insert_or_assign(source.get(), Entry{root, source});
+    sources_.insert_or_assign(source.get(), std::move(entry));
 }
 
 void OpenSources::remove(EventSource* source) noexcept {
@@ -31,11 +35,12 @@ void OpenSources::remove(EventSource* source) noexcept {
 }
 
 std::vector<std::shared_ptr<EventSource>> OpenSources::ofGroup(std::thread::id thread) {
-    const std::thread::id root = groupOf(thread);
+    // A thread in no group is a group of its own.
+    const std::thread::id root = COtxEventSource::ThreadGroup().RootOf(thread).value_or(thread);
     std::vector<std::shared_ptr<EventSource>> found;
     const std::lock_guard guard(sourcesLock_);
     for (const auto& [address, entry] : sources_) {
-        if (entry.root != root) continue;
+        if (entry.root != root || (entry.lifeOfThread && entry.lifeOfThread->expired())) continue;
         if (auto source = entry.source.lock()) found.push_back(std::move(source));
     }
     return found;

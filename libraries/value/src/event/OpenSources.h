@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <unordered_map>
 #include <utility>
@@ -27,6 +28,8 @@ public:
 private:
     struct Entry {
         std::thread::id root;
+        // Set for the source of a thread in no group: gone when that thread has ended, whose number another may have.
+        std::optional<std::weak_ptr<const void>> lifeOfThread;
         std::weak_ptr<EventSource> source;
     };
 
