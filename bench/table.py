@@ -1,6 +1,6 @@
 """Runs the suites and their peers and prints one table of ratios: python3 bench/table.py BUILD-FOLDER
 
-The machines are shared and noisy, so that only ratios of medians from one run count.
+The machines are shared and noisy, so that only ratios of medians from one run count, of processor time on all sides.
 """
 
 import json
@@ -38,7 +38,7 @@ def programs(build):
         ours, python, lua = [], [], []
         for _ in range(ROUNDS):
             # Taken in turns, so that a slow moment of the machine hits all of them.
-            ours.append(suite(build, "bench_programs", f"/{name}$", "--benchmark_min_time=0.1")[f"runProgram/{name}"]["real_time"])
+            ours.append(suite(build, "bench_programs", f"/{name}$", "--benchmark_min_time=0.1")[f"runProgram/{name}"]["cpu_time"])
             python.append(peer(["/usr/bin/python3", str(HERE / "peers/programs.py"), name, str(n)]))
             lua.append(peer(["lua5.4", str(HERE / "peers/programs.lua"), name, str(n)]))
         mine, theirs, other = map(statistics.median, (ours, python, lua))
@@ -47,7 +47,7 @@ def programs(build):
 
 def jumps(build):
     runs = suite(build, "bench_programs", "(loop|call|return|continue)$", "--benchmark_repetitions=5")
-    per = {name: runs[f"runProgram/{name}_median"]["real_time"] * 1e3 / runs[f"runProgram/{name}_median"]["n"]
+    per = {name: runs[f"runProgram/{name}_median"]["cpu_time"] * 1e3 / runs[f"runProgram/{name}_median"]["n"]
            for name in ("loop", "call", "return", "continue")}
     print(f"\n{'jump':28} {'us':>6} {'goal':>6}")
     print(f"{'Continue out of a loop body':28} {per['continue'] - per['loop']:6.2f} {1.2:6.2f}")
@@ -58,17 +58,17 @@ def load(build):
     runs = suite(build, "bench_load", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
     print(f"\n{'load XML':10} {'ours ms':>9} {'parser':>9} {'ratio':>6} {'goal':>6}")
     for size, goal in LOAD_GOALS.items():
-        mine = runs[f"loadWhole/{size}_median"]["real_time"]
-        bare = runs[f"parseOnly/{size}_median"]["real_time"]
+        mine = runs[f"loadWhole/{size}_median"]["cpu_time"]
+        bare = runs[f"parseOnly/{size}_median"]["cpu_time"]
         print(f"{f'{size} MB':10} {mine:9.2f} {bare:9.2f} {mine / bare:6.2f} {goal:6.2f}")
 
 
 def values(build):
     runs = suite(build, "bench_values", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
-    lock = runs["recursiveLock_median"]["real_time"]
+    lock = runs["recursiveLock_median"]["cpu_time"]
     print(f"\n{'operation':20} {'ns':>8} {'of a lock':>10}")
     for name, run in runs.items():
-        print(f"{name.removesuffix('_median'):20} {run['real_time']:8.1f} {run['real_time'] / lock:10.2f}")
+        print(f"{name.removesuffix('_median'):20} {run["cpu_time"]:8.1f} {run["cpu_time"] / lock:10.2f}")
 
 
 def main():

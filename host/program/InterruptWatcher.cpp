@@ -85,6 +85,9 @@ void InterruptWatcher::watch() {
     // A cancel that comes before the run's first node, or after its last, finds nothing to cancel and says so.
     while (!cancel() && !over(retryMilliseconds)) {
     }
+    // Stays until the run is over, since no other thread can take the second signal.
+    while (!over(-1)) {
+    }
 }
 
 bool InterruptWatcher::over(int milliseconds) const {

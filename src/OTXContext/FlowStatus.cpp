@@ -15,17 +15,6 @@ namespace {
 
 using Entries = std::map<const std::string, COtxValue>;
 
-// Independent copies of the values of a scope.
-COtxValue published(const OtxVarMap& scope) {
-    Entries values;
-    for (const auto& [name, cell] : scope.Snapshot()) {
-        const COtxValue value = OTX::DeepCopy(cell->Value());
-        value.SetOTXJSON(true);
-        values.emplace(name, value);
-    }
-    return COtxMap(values);
-}
-
 COtxValue stackTrace(const std::vector<std::string>& names) {
     std::vector<COtxValue> items;
     for (const std::string& name : names) items.push_back(COtxString(name));
@@ -52,6 +41,21 @@ COtxValue OtxContext::flowStatus(OtxFlow& flow, std::thread::id thread) {
         entries.emplace("vars", published(vars.TopFrame(thread)));
     }
     return COtxMap(entries);
+}
+
+COtxValue OtxContext::published(const OtxVarMap& scope) {
+    Entries values;
+    for (const auto& [name, cell] : scope.Snapshot()) {
+        const COtxValue live = cell->Value();
+        COtxValue copy;
+        {
+            const std::lock_guard content(contentLock);
+            copy = OTX::DeepCopy(live);
+        }
+        copy.SetOTXJSON(true);
+        values.emplace(name, std::move(copy));
+    }
+    return COtxMap(values);
 }
 
 COtxValue OtxContext::status(const Target& target) {

@@ -71,6 +71,9 @@ public:
     OtxVars& Variables() noexcept { return vars; }
     // The one lock of all MutexGroup statements.
     std::recursive_mutex& MutexGroupLock() noexcept { return mutexGroupLock; }
+    // Held while an action changes what a list, map or byte field holds, and while the content of variables is copied for
+    // the host, which may ask at any time. What sequences do to each other's containers is theirs to guard.
+    std::mutex& ContentLock() noexcept { return contentLock; }
     // Those of all PrepareRun so far. Any thread, without a lock.
     const ProcedureTable& Procedures() const noexcept { return *procedures.load(std::memory_order_acquire); }
 
@@ -142,6 +145,8 @@ private:
     void inject(const Target& target, const COtxValue& params);
     COtxValue status(const Target& target);
     COtxValue flowStatus(OtxFlow& flow, std::thread::id thread);
+    // Independent copies of the values of a scope.
+    COtxValue published(const OtxVarMap& scope);
 
     void markCancelled();
     // The thread of flow 0. Throws std::runtime_error, "Invalid thread id: 0".
@@ -172,6 +177,7 @@ private:
     std::atomic<const ProcedureTable*> procedures;
 
     std::recursive_mutex mutexGroupLock;
+    std::mutex contentLock;
 
     // Guards flows, breakpoints and nextFlowId, each whole command, and the event of a stopping flow.
     mutable std::recursive_mutex flowLock;

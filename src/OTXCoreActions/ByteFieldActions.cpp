@@ -2,6 +2,8 @@
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/IByteField.h>
 
+#include <mutex>
+
 namespace otxns {
 
 namespace {
@@ -10,7 +12,9 @@ template <class Shift>
 void shift(const Shift& action, OtxContext& context, void (OTX::IByteField::*operation)(int)) {
     const COtxValue target = action.byteField().read(context);
     OTX::IByteField& field = target.ByteField();
-    (field.*operation)(evaluateInt32(action.positions(), context));
+    const int count = evaluateInt32(action.positions(), context);
+    const std::lock_guard content(context.ContentLock());
+    (field.*operation)(count);
 }
 
 }  // namespace
@@ -21,7 +25,9 @@ void AppendByteField_impl<AppendByteField_base>::exec(OtxContext& context) const
     for (const ByteFieldTerm& term : otherByteField()) {
         const COtxValue target = byteField().read(context);
         OTX::IByteField& field = target.ByteField();
-        field.Append(evaluate(term, context));
+        const COtxValue value = evaluate(term, context);
+        const std::lock_guard content(context.ContentLock());
+        field.Append(value);
     }
 }
 
@@ -29,7 +35,10 @@ template <>
 void ReplaceSubByteField_impl<ReplaceSubByteField_base>::exec(OtxContext& context) const {
     const COtxValue replacement = evaluate(newByteField(), context);
     const int place = evaluateInt32(index(), context);
-    byteField().read(context).ByteField().ReplaceSubByteField(replacement, place);
+    const COtxValue target = byteField().read(context);
+    OTX::IByteField& field = target.ByteField();
+    const std::lock_guard content(context.ContentLock());
+    field.ReplaceSubByteField(replacement, place);
 }
 
 template <>
@@ -39,7 +48,9 @@ void SetBit_impl<SetBit_base>::exec(OtxContext& context) const {
     const COtxValue bit = evaluate(value(), context);
     const int bitPosition = evaluateInt32(position(), context);
     const int byteIndex = evaluateInt32(index(), context);
-    field.SetBit(byteIndex, bitPosition, bit.Bool());
+    const bool isSet = bit.Bool();
+    const std::lock_guard content(context.ContentLock());
+    field.SetBit(byteIndex, bitPosition, isSet);
 }
 
 template <>

@@ -2,7 +2,9 @@
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxException.h>
 
+#include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace otxns {
@@ -26,7 +28,9 @@ void ListAppendItems_impl<ListAppendItems_base>::exec(OtxContext& context) const
     const COtxValue target = list().read(context);
     for (const Term& term : item()) {
         COtxValue value = evaluate(term, context);
-        target.List().push_back(std::move(value));
+        std::vector<COtxValue>& items = target.List();
+        const std::lock_guard content(context.ContentLock());
+        items.push_back(std::move(value));
     }
 }
 
@@ -34,12 +38,11 @@ template <>
 void ListConcatenate_impl<ListConcatenate_base>::exec(OtxContext& context) const {
     const COtxValue target = list().read(context);
     for (const ListTerm& term : otherList()) {
-        const COtxValue other = evaluate(term, context);
-        // By place and with room made first: the other list may be the target itself.
-        const std::size_t count = other.List().size();
+        // A copy, since the other list may be the target itself.
+        const std::vector<COtxValue> added = evaluate(term, context).List();
         std::vector<COtxValue>& items = target.List();
-        if (items.capacity() - items.size() < count) items.reserve(std::max(items.size() + count, 2 * items.size()));
-        for (std::size_t i = 0; i < count; ++i) items.push_back(other.List()[i]);
+        const std::lock_guard content(context.ContentLock());
+        items.insert(items.end(), added.begin(), added.end());
     }
 }
 
@@ -52,7 +55,8 @@ void ListInsertItems_impl<ListInsertItems_base>::exec(OtxContext& context) const
     if (!isWithin(place, items)) raiseOutOfBounds(place, items.size());
     std::vector<COtxValue> added;
     for (const Term& term : item()) added.push_back(evaluate(term, context));
-    items.insert(items.begin() + place, std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+    const std::lock_guard content(context.ContentLock());
+    items.insert(items.begin() + place, added.begin(), added.end());
 }
 
 template <>
@@ -64,12 +68,20 @@ void ListRemoveItems_impl<ListRemoveItems_base>::exec(OtxContext& context) const
     // A bad count is reported with the index; this is meant.
     if (first < 0 || number < 0 || !isWithin(static_cast<long long>(first) + number, items))
         raiseOutOfBounds(first, items.size());
-    items.erase(items.begin() + first, items.begin() + first + number);
+    const auto begin = items.begin() + first;
+    // The removed values die after the lock is released.
+    const std::vector<COtxValue> removed(begin, begin + number);
+    const std::lock_guard content(context.ContentLock());
+    items.erase(begin, begin + number);
 }
 
 template <>
 void ListClear_impl<ListClear_base>::exec(OtxContext& context) const {
-    list().read(context).List().clear();
+    const COtxValue target = list().read(context);
+    std::vector<COtxValue>& items = target.List();
+    std::vector<COtxValue> removed;
+    const std::lock_guard content(context.ContentLock());
+    items.swap(removed);
 }
 
 }  // namespace otxns

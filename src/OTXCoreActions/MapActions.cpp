@@ -5,19 +5,33 @@
 #include <otx/value/IString.h>
 
 #include <map>
+#include <mutex>
 #include <string>
+#include <utility>
 
 namespace otxns {
 
-// The later of two equal keys wins; the key object that is in the map stays.
+namespace {
+
+using Entries = std::map<COtxValue, COtxValue>;
+
+// The later of two equal keys wins; the key object that is in the map stays. A replaced value dies after the lock is
+// released.
+void put(Entries& entries, const COtxValue& key, COtxValue value, OtxContext& context) {
+    const std::lock_guard content(context.ContentLock());
+    if (const auto [entry, isNew] = entries.try_emplace(key, value); !isNew) std::swap(entry->second, value);
+}
+
+}  // namespace
+
 template <>
 void MapPutItems_impl<MapPutItems_base>::exec(OtxContext& context) const {
     const COtxValue target = map().read(context);
     for (const MapItem& term : item()) {
         const COtxValue key = evaluate(term.key(), context);
-        const COtxValue value = evaluate(term.value(), context);
+        COtxValue value = evaluate(term.value(), context);
         OTX_TRACE(4, "key: " << key << " value: " << value);
-        target.Map().insert_or_assign(key, value);
+        put(target.Map(), key, std::move(value), context);
     }
 }
 
@@ -28,14 +42,16 @@ void MapRemoveItems_impl<MapRemoveItems_base>::exec(OtxContext& context) const {
     for (const Term& term : key()) {
         const COtxValue removed = evaluate(term, context);
         OTX_TRACE(4, "key: " << removed);
-        auto& entries = target.Map();
+        Entries& entries = target.Map();
         const auto found = entries.find(removed);
         if (found == entries.end()) {
             const std::string text = removed.ToString().String();
             throw COtxException(OTX::Exceptions_e::OutOfBoundsException,
                                 "Map " + map().name() + " does not contain key " + text);
         }
-        entries.erase(found);
+        Entries::node_type dropped;
+        const std::lock_guard content(context.ContentLock());
+        dropped = entries.extract(found);
     }
 }
 
@@ -44,16 +60,20 @@ void MapUnion_impl<MapUnion_base>::exec(OtxContext& context) const {
     const COtxValue target = map().read(context);
     for (const MapTerm& term : otherMap()) {
         const COtxValue other = evaluate(term, context);
-        auto& entries = target.Map();
+        Entries& entries = target.Map();
         // With itself a map has nothing to gain.
         if (&other.Map() == &entries) continue;
-        for (const auto& [key, value] : other.Map()) entries.insert_or_assign(key, value);
+        for (const auto& [key, value] : other.Map()) put(entries, key, value, context);
     }
 }
 
 template <>
 void MapClear_impl<MapClear_base>::exec(OtxContext& context) const {
-    map().read(context).Map().clear();
+    const COtxValue target = map().read(context);
+    Entries& entries = target.Map();
+    Entries dropped;
+    const std::lock_guard content(context.ContentLock());
+    entries.swap(dropped);
 }
 
 }  // namespace otxns

@@ -8,7 +8,9 @@
 #include <velkotx/Exceptions.h>
 
 #include <map>
+#include <mutex>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 namespace otxns {
@@ -81,7 +83,10 @@ void Path_impl<Path_base>::write(OtxContext& context, const Name& variable, cons
         if (slot == nullptr) raiseNoContainer(*current, "list or map");
         current = slot;
     }
-    *current = value;
+    // The replaced value dies after the lock is released.
+    COtxValue replaced = value;
+    const std::lock_guard content(context.ContentLock());
+    std::swap(*current, replaced);
 }
 
 template <>

@@ -127,7 +127,7 @@ TEST(StackOfLoading, RefusesADocumentThatIsNestedTooDeep) {
 TEST(StackOfLoading, OnASmallThreadRefusesWhatHasNoRoom) {
     const std::string deep = documentNested(9000);
     const std::string tooDeep = documentNested(100000);
-    const std::string shallow = documentNested(60);
+    const std::string shallow = documentNested(24);
     onThread(smallStack, [&] {
         EXPECT_EQ(outcomeOfLoading(deep), "VelkOTX XML Parsing Exception:");
         EXPECT_EQ(outcomeOfLoading(tooDeep), "VelkOTX XML Parsing Exception:");

@@ -92,6 +92,14 @@ TEST(Stream, ThatBreaksOffIsXml) {
     EXPECT_BEGINS(failureOf(good.substr(0, good.size() / 2)), "VelkOTX XML Parsing Exception: ");
 }
 
+TEST(Stream, InTheCompiledFormIsReadFromItsBeginning) {
+    std::ostringstream saved;
+    load(good)->Save(saved);
+    std::istringstream stream(saved.str());
+    stream.seekg(9);
+    expectLoads(stream);
+}
+
 TEST(Stream, IsNotKept) {
     std::shared_ptr<velkotx::Sequencer> sequencer;
     {

@@ -58,8 +58,10 @@ TEST_F(UnderForeignLocale, Doubles) {
     EXPECT_EQ(readNumber<double>(u"-1e3"), -1000.0);
     EXPECT_EQ(readNumber<double>(u"INF"), std::numeric_limits<double>::infinity());
     EXPECT_EQ(readNumber<double>(u"-INF"), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(readNumber<double>(u"1e-400"), 0.0);
+    EXPECT_EQ(readNumber<double>(u"-4e-320"), -4e-320);
     EXPECT_TRUE(std::isnan(readNumber<double>(u"NaN")));
-    for (const char16_t* text : {u"", u"1,5", u"inf", u"nan", u"infinity", u"0x1p3"})
+    for (const char16_t* text : {u"", u"1,5", u"1e400", u"inf", u"nan", u"infinity", u"0x1p3"})
         EXPECT_THROW(readNumber<double>(text), InvalidValue);
 }
 

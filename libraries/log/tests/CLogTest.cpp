@@ -2,6 +2,7 @@
 #include <otx/log/CLog.h>
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <locale>
 #include <stdexcept>
@@ -115,23 +116,24 @@ TEST_F(Log, GoesToStandardErrorWithoutASink) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
-TEST_F(Log, BearsCancelledThreads) {
-    // The cancellation is pending while the line is delivered, and takes effect after it.
+TEST_F(Log, PutsOffTheCancellationOfTheThreadWhileItDelivers) {
     CLog::SetSink([this](Hvt::TLogSubSys, Hvt::TLogLevel, const std::string& text) {
         pthread_testcancel();
         lines.push_back({0, 0, text});
     });
     pthread_t thread{};
-    const auto run = [](void*) -> void* {
+    const auto run = [](void* stateAfter) -> void* {
         pthread_cancel(pthread_self());
         CLog(3).Get(0, 3) << "delivered";
-        pthread_testcancel();
+        pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, static_cast<int*>(stateAfter));
         return nullptr;
     };
-    ASSERT_EQ(pthread_create(&thread, nullptr, run, nullptr), 0);
+    int stateAfter = PTHREAD_CANCEL_DISABLE;
+    ASSERT_EQ(pthread_create(&thread, nullptr, run, &stateAfter), 0);
     void* result = nullptr;
     ASSERT_EQ(pthread_join(thread, &result), 0);
-    EXPECT_EQ(result, PTHREAD_CANCELED);
+    EXPECT_EQ(result, nullptr);
+    EXPECT_EQ(stateAfter, PTHREAD_CANCEL_ENABLE);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0].text, "delivered");
 }

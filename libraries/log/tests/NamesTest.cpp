@@ -36,7 +36,10 @@ public:
         };
         return Local::call();
     }
-    operator std::string() const { return __PRETTY_FUNCTION__; }
+    operator bool() const {
+        asBool = __PRETTY_FUNCTION__;
+        return true;
+    }
     std::string operator()(int) const { return __PRETTY_FUNCTION__; }
     std::string operator<(int) const { return __PRETTY_FUNCTION__; }
     std::string operator<<(int) const { return __PRETTY_FUNCTION__; }
@@ -44,6 +47,7 @@ public:
     std::string operator[](int) const& noexcept { return __PRETTY_FUNCTION__; }
 
     std::string made;
+    mutable std::string asBool;
 };
 
 // As behaviour is written: specialisations of the declared operations.
@@ -119,7 +123,8 @@ TEST(FunctionName, OfOperators) {
     EXPECT_EQ(function(term << 1), prefix + "<<");
     EXPECT_EQ(function(term->*1), prefix + "->*");
     EXPECT_EQ(function(term[1]), prefix + "[]");
-    EXPECT_TRUE(function(static_cast<std::string>(term)).starts_with(prefix + " std::"));
+    EXPECT_TRUE(static_cast<bool>(term));
+    EXPECT_EQ(function(term.asBool), prefix + " bool");
 }
 
 TEST(FunctionName, OfPlainFunctions) {

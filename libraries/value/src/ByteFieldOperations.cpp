@@ -104,14 +104,15 @@ void ByteFieldBehaviour::ReplaceSubByteField(const COtxValue& replacement, int i
         failBounds("ReplaceSubByteField: index " + std::to_string(index) + " is outside the ByteField of " +
                    std::to_string(size()) + " bytes");
     // A copy, since the replacement may be this field itself.
-    const std::vector<unsigned char> written = operand(replacement);
+    const std::vector<unsigned char> written = replacement.ByteField();
     const auto first = static_cast<std::size_t>(index);
     if (first + written.size() > size()) resize(first + written.size());
     std::copy(written.begin(), written.end(), begin() + index);
 }
 
 void ByteFieldBehaviour::Append(const COtxValue& other) {
-    const std::vector<unsigned char> appended = operand(other);
+    // A copy, since it may be this field itself.
+    const std::vector<unsigned char> appended = other.ByteField();
     insert(end(), appended.begin(), appended.end());
 }
 

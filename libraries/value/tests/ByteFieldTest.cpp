@@ -64,9 +64,9 @@ TEST(ByteField, Index0IsTheFirstByteAndPosition0TheLowestBit) {
     value.ByteField().SetBit(0, 7, true);
     value.ByteField().SetBit(1, 7, false);
     EXPECT_EQ(hex(value), "8100");
-    for (const auto& [index, position] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 8}}) {
-        EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().GetBit(index, position)), outOfBounds);
-        EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().SetBit(index, position, true)), outOfBounds);
+    for (const std::pair<int, int>& bad : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 8}}) {
+        EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().GetBit(bad.first, bad.second)), outOfBounds);
+        EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().SetBit(bad.first, bad.second, true)), outOfBounds);
     }
     EXPECT_EQ(hex(value), "8100");
     EXPECT_EQ(OTX_THROWN_KIND(COtxByteField().ByteField().GetBit(0, 0)), outOfBounds);
@@ -123,10 +123,15 @@ TEST(ByteField, AppendsInPlaceAndEvenItself) {
     EXPECT_EQ(hex(other), "010203");
     value.ByteField().Append(value);
     EXPECT_EQ(hex(value), "010203010203");
-    value.ByteField().Append(COtxString("A"));
-    EXPECT_EQ(hex(value), "01020301020341");
     value.ByteField().Clear();
-    EXPECT_EQ(hex(value), "00000000000000");
+    EXPECT_EQ(hex(value), "000000000000");
+}
+
+TEST(ByteField, AppendAndReplaceTakeByteFieldsOnly) {
+    const COtxByteField value = field({1, 2});
+    EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().Append(COtxString("A"))), typeMismatch);
+    EXPECT_EQ(OTX_THROWN_KIND(value.ByteField().ReplaceSubByteField(COtxInt(1), 0)), typeMismatch);
+    EXPECT_EQ(hex(value), "0102");
 }
 
 TEST(IntegerCoding, EncodesEachEncodingInEachSize) {

@@ -2,6 +2,7 @@
 #include <otx/event/Events.h>
 
 #include <chrono>
+#include <limits>
 #include <thread>
 
 #include "Thrown.h"
@@ -181,7 +182,7 @@ TEST(Timer, AnExpiredTimerStaysExpired) {
 }
 
 TEST(Timer, AClosedTimerDoesNotKeepItsWaiter) {
-    const COtxTimerExpiredEventSource source(COtxInt(std::numeric_limits<long long>::max()));
+    const COtxTimerExpiredEventSource source{COtxInt(std::numeric_limits<long long>::max())};
     Waiter waiter(source);
     source.EventSource().Close();
     EXPECT_EQ(waiter.join(), "closed");

@@ -3,6 +3,9 @@
 
 #include <xsd/cxx/xml/string.hxx>
 
+#include <locale.h>
+#include <stdlib.h>
+
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -121,7 +124,15 @@ double readNumber<double>(const char16_t* text) {
     const auto number = withoutPlus(digits);
     // from_chars would also take the words "inf" and "nan" in their C spelling.
     const bool numeric = number.find_first_not_of("+-.0123456789eE") == std::string_view::npos;
-    if (!numeric || !readAll(number, value)) throw InvalidValue(narrowed, "double");
+    if (!numeric) throw InvalidValue(narrowed, "double");
+    const char* const end = number.data() + number.size();
+    const auto result = std::from_chars(number.data(), end, value);
+    if (result.ptr != end) throw InvalidValue(narrowed, "double");
+    if (result.ec == std::errc()) return value;
+    // from_chars doesn't tell too large from too small. The latter reads as the nearest double, the former is refused.
+    static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+    if (result.ec == std::errc::result_out_of_range) value = strtod_l(std::string(number).c_str(), nullptr, cLocale);
+    if (result.ec != std::errc::result_out_of_range || std::isinf(value)) throw InvalidValue(narrowed, "double");
     return value;
 }
 
