@@ -12,9 +12,11 @@ namespace documents {
 
 namespace {
 
-// A sanitizer's frames are several times as large.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// A sanitizer's frames are larger.
+#if defined(__SANITIZE_ADDRESS__)
 constexpr std::size_t stackSize = 8 * 1024 * 1024;
+#elif defined(__SANITIZE_THREAD__)
+constexpr std::size_t stackSize = 3 * 1024 * 1024;
 #else
 constexpr std::size_t stackSize = 2 * 1024 * 1024;
 #endif

@@ -7,8 +7,8 @@
 #include <thread>
 
 // Operations on all open event sources that belong to one group of threads. A source belongs to the group that its
-// creating thread was in at its creation; one made by a thread in no group belongs to that thread alone, while it runs. Any
-// thread.
+// creating thread was in at its creation; one made by a thread in no group belongs to that thread alone, while it runs.
+// Any thread.
 class OTX_API COtxEventSource {
 public:
     COtxEventSource() = delete;

@@ -65,7 +65,8 @@ private:
     int before_ = PTHREAD_CANCEL_ENABLE;
 };
 
-void deliverQuietly(TLogSubSys subsystem, TLogLevel level, const std::ostringstream& line) {
+// Not inlined: in the destructor itself the compiler would take the rethrow for a certain end of the process.
+[[gnu::noinline]] void deliverQuietly(TLogSubSys subsystem, TLogLevel level, const std::ostringstream& line) {
     try {
         Delivery::instance().deliver(subsystem, level, line.str());
     } catch (abi::__forced_unwind&) {

@@ -58,7 +58,8 @@ public:
     COtxValue ReadLine() override {
         const std::lock_guard guard(streamLock_);
         std::istream& stream = opened();
-        const bool isWide = encoding_ == Encoding::Utf16 || encoding_ == Encoding::Utf16BE || encoding_ == Encoding::Utf16LE;
+        const bool isWide =
+            encoding_ == Encoding::Utf16 || encoding_ == Encoding::Utf16BE || encoding_ == Encoding::Utf16LE;
         const Encoding encoding = isWide ? byteOrder(stream) : encoding_;
         if (isAtEnd(stream)) failFile("the end is reached");
         return makeText(isWide ? readWideLine(stream, encoding) : readNarrowLine(stream, encoding));

@@ -12,8 +12,9 @@ void refuse(const char* operation, OTX::ValueType type) {
 }
 
 void refuse(const char* operation, OTX::ValueType left, OTX::ValueType right) {
-    fail(OTX::Exceptions_e::TypeMismatchException, "Operation " + std::string(operation) + " is not supported by types " + OTX::typeName(left) + " and " +
-             OTX::typeName(right));
+    fail(OTX::Exceptions_e::TypeMismatchException, "Operation " + std::string(operation) +
+                                                       " is not supported by types " + OTX::typeName(left) + " and " +
+                                                       OTX::typeName(right));
 }
 
 void fail(OTX::Exceptions_e kind, const std::string& text) { throw COtxException(kind, text); }

@@ -5,7 +5,6 @@
 #include <otx/value/ValueType.h>
 
 #include <string>
-#include <string_view>
 
 namespace otx {
 

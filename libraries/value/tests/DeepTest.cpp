@@ -49,8 +49,10 @@ void refusesEverything(const COtxValue& value, const COtxValue& other) {
 
 TEST(Deep, AMillionLevelsDieWithoutTheStack) {
     { const COtxValue list = nested(million); }
-    { const COtxValue map = nestedMap(million); }
-    tests::onStack(tests::smallStack, [] { const COtxValue list = nested(million); });
+    tests::onStack(tests::smallStack, [] {
+        { const COtxValue list = nested(tooDeep); }
+        { const COtxValue map = nestedMap(tooDeep); }
+    });
     SUCCEED();
 }
 
@@ -65,7 +67,7 @@ TEST(Deep, SeveralBranchesDieTogether) {
 TEST(Deep, EnumerationItemsAndEventsDieWithoutTheStack) {
     COtxValue item = COtxInt(1);
     COtxValue event = COtxInt(1);
-    for (std::size_t level = 0; level < million; ++level) {
+    for (std::size_t level = 0; level < 2 * tooDeep; ++level) {
         item = COtxEnumerationItem(COtxString("T"), COtxString("n"), item);
         event = COtxEvent(OTX::EventKind::MonitorChange, event);
     }

@@ -200,7 +200,8 @@ TEST(FromJson, RefusesTypedObjectsThatDontFitTheirType) {
          {R"({"ByteField":"0"})", R"({"ByteField":5})", R"({"Map":{}})", R"({"Map":[[1]]})", R"({"Map":[1]})",
           R"({"Quantity":1})", R"({"Quantity":{"value":"x","unit":"V","precision":1}})",
           R"({"Quantity":{"value":1,"unit":"V","precision":99999999999}})",
-          R"({"Quantity":{"value":1,"unit":"V"}})", R"({"Unit":1})", R"({"Exception":{"type":"NoSuch","qualifier":"","text":""}})",
+          R"({"Quantity":{"value":1,"unit":"V"}})", R"({"Unit":1})",
+          R"({"Exception":{"type":"NoSuch","qualifier":"","text":""}})",
           R"({"Exception":"x"})", R"({"Enumeration":{"type":1,"name":"n","value":1}})", R"({"ResultState":"NO"})",
           R"({"ResultState":1})", R"({"Float":"x"})", R"({"Float":1.5})"})
         EXPECT_EQ(OTX_THROWN_KIND(FromJSON(bad)), typeMismatch) << bad;

@@ -50,7 +50,9 @@ TEST(Pool, ValuesMayDieOnOtherThreads) {
     for (int number = 0; number < 5000; ++number) values.push_back(COtxInt(number));
     std::thread([moved = std::move(values)]() mutable { moved.clear(); }).join();
     COtxValue made;
-    std::thread([&made] { made = COtxList(std::vector<COtxValue>(100, COtxString("from a thread that has ended"))); }).join();
+    std::thread([&made] {
+        made = COtxList(std::vector<COtxValue>(100, COtxString("from a thread that has ended")));
+    }).join();
     EXPECT_EQ(made.List()[99].String(), "from a thread that has ended");
 }
 

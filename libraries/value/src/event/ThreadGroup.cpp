@@ -25,7 +25,8 @@ void ThreadGroup::AddRoot() {
 
 void ThreadGroup::Join(std::thread::id parent) {
     const std::lock_guard guard(groupsLock_);
-    if (const auto group = groupOf(groups_, parent); group != groups_.end()) group->second.push_back(std::this_thread::get_id());
+    const auto group = groupOf(groups_, parent);
+    if (group != groups_.end()) group->second.push_back(std::this_thread::get_id());
 }
 
 void ThreadGroup::Leave() {
