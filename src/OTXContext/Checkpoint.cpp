@@ -7,8 +7,8 @@
 
 namespace otxns {
 
-// Holds flowLock from the decision to the end of the event, so that no command comes between them. The state is read once:
-// a change that comes later is seen at the next checkpoint.
+// Holds flowLock from the decision to the end of the event, so that no command comes between them. The state is read
+// once: a change that comes later is seen at the next checkpoint.
 void OtxContext::checkClosely(OtxFlow& flow, std::thread::id thread) {
     std::unique_lock commands(flowLock);
     switch (flow.state.load()) {
@@ -33,15 +33,16 @@ bool OtxContext::standsAtBreakpoint(const OtxFlow& flow) const {
     return node != nullptr && breakpoints.count(node->id()) != 0;
 }
 
-// The event goes out under flowLock: a command of another thread waits until the host knows of the stop. It doesn't go out
-// under the flow's lock, so that a command is no danger to it, and the host may answer it with a command on this thread.
-// What resumes the flow is a change of `resumes` since the decision to stop, so that no such answer is lost. The check
-// isn't repeated afterwards: the node at which the flow stopped runs, also after a cancel.
+// The event goes out under flowLock: a command of another thread waits until the host knows of the stop. It doesn't go
+// out under the flow's lock, so that a command is no danger to it, and the host may answer it with a command on this
+// thread. What resumes the flow is a change of `resumes` since the decision to stop, so that no such answer is lost.
+// The check isn't repeated afterwards: the node at which the flow stopped runs, also after a cancel.
 void OtxContext::StopHere(OtxFlow& flow, std::thread::id thread, std::unique_lock<std::recursive_mutex>& commands) {
     std::unique_lock own(flow.lock);
     flow.stopped = 1;
     const auto resumes = flow.resumes;
-    // If the event can't be sent, the flow goes on unwinding while it counts as stopped, and its frames can be asked for.
+    // If the event can't be sent, the flow goes on unwinding while it counts as stopped, and its frames can be asked
+    // for.
     vars.shareStack();
     const COtxMap event(std::map<const std::string, COtxValue>{{"eventType", COtxString("FlowStopped")},
                                                                {"status", flowStatus(flow, thread)}});

@@ -71,8 +71,8 @@ public:
     OtxVars& Variables() noexcept { return vars; }
     // The one lock of all MutexGroup statements.
     std::recursive_mutex& MutexGroupLock() noexcept { return mutexGroupLock; }
-    // Held while an action changes what a list, map or byte field holds, and while the content of variables is copied for
-    // the host, which may ask at any time. What sequences do to each other's containers is theirs to guard.
+    // Held while an action changes what a list, map or byte field holds, and while the content of variables is copied
+    // for the host, which may ask at any time. What sequences do to each other's containers is theirs to guard.
     std::mutex& ContentLock() noexcept { return contentLock; }
     // Those of all PrepareRun so far. Any thread, without a lock.
     const ProcedureTable& Procedures() const noexcept { return *procedures.load(std::memory_order_acquire); }
@@ -96,7 +96,8 @@ public:
     // Cancels all flows, closes all screens and all event sources of the run.
     void CancelAll();
 
-    // The places where a flow stops, steps, is cancelled or receives an injected exception. The thread is the calling one.
+    // The places where a flow stops, steps, is cancelled or receives an injected exception. The thread is the calling
+    // one.
     void NodeCheckpoint(const Node* node, std::thread::id thread) {
         OtxFlow& flow = ownFlow(thread);
         flow.node.store(node, std::memory_order_relaxed);

@@ -23,8 +23,8 @@ enum class FlowState : int {
 struct OtxFlow {
     OtxFlow(unsigned id, FlowState initial) : state(initial), flowId(id) {}
 
-    // Guards `pending`, `stopped` and `resumes`, and every write of `state`. Recursive, since a host may answer the event
-    // of a stop with a command on the same thread.
+    // Guards `pending`, `stopped` and `resumes`, and every write of `state`. Recursive, since a host may answer the
+    // event of a stop with a command on the same thread.
     std::recursive_mutex lock;
     // Where a stopped flow sleeps until `resumes` changes.
     std::condition_variable_any wake;

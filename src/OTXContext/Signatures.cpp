@@ -6,8 +6,8 @@
 
 namespace otxns {
 
-// Signatures may refer to each other in any order. One that asks for a name which isn't there yet fails in this pass and
-// is tried again in the next; one that never succeeds is left out.
+// Signatures may refer to each other in any order. One that asks for a name which isn't there yet fails in this pass
+// and is tried again in the next; one that never succeeds is left out.
 void OtxContext::processSignatures(const Signatures& document) {
     std::set<std::string> seen;
     bool changed = true;

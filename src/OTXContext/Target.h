@@ -11,8 +11,8 @@ namespace otxns {
 
 class OtxContext::Target {
 public:
-    // The command's "flowId"; a negative one, or none, means all flows. Throws std::runtime_error, "Invalid thread id: ",
-    // for a number that no flow has.
+    // The command's "flowId"; a negative one, or none, means all flows. Throws std::runtime_error, "Invalid thread id:
+    // ", for a number that no flow has.
     Target(const std::map<std::thread::id, OtxFlow>& flows, const COtxValue& params);
 
     bool isOne() const noexcept { return thread_.has_value(); }

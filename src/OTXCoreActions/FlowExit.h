@@ -7,9 +7,9 @@
 
 namespace otxns {
 
-// A Return, Break or Continue travels as a thrown exception. From one statement of the core to the next it is handed up as
-// a result instead, which costs a hundredth: each of these statements has a run(), whose result says how it ended, and an
-// exec() that throws for what run() hands up. Who calls exec() sees exceptions only; who calls run() sees both.
+// A Return, Break or Continue travels as a thrown exception. From one statement of the core to the next it is handed up
+// as a result instead, which costs a hundredth: each of these statements has a run(), whose result says how it ended,
+// and an exec() that throws for what run() hands up. Who calls exec() sees exceptions only; who calls run() sees both.
 class FlowExit {
 public:
     FlowExit() noexcept = default;

@@ -19,9 +19,9 @@ long long following(long long number) {
 
 }  // namespace
 
-// The counter is read back after each iteration, so a body that assigns it moves the loop. It ends as the end plus 1, or
-// after a Break as the value at the head of the iteration that broke; both are meant. A Break for an outer loop passes
-// before the counter is written.
+// The counter is read back after each iteration, so a body that assigns it moves the loop. It ends as the end plus 1,
+// or after a Break as the value at the head of the iteration that broke; both are meant. A Break for an outer loop
+// passes before the counter is written.
 FlowExit run(const ForLoop& loop, OtxContext& context, const Flow& body, const OtxName& loopName) {
     const IntegerVariable& counter = loop.counter();
     long long i = evaluateInteger(loop.start(), context);

@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* execName = "otxns::Handler_impl<otxns::Handler_base>::exec";
 
-// Exact types are compared: a catch of a class doesn't take the classes derived from it. Only the root takes all. This is
-// meant.
+// Exact types are compared: a catch of a class doesn't take the classes derived from it. Only the root takes all. This
+// is meant.
 bool takes(const CatchingFlow& candidate, const COtxValue& caught) {
     const auto& realisation = candidate.exception().realisation();
     if (!realisation.present()) return false;
@@ -37,8 +37,8 @@ FlowExit runCatch(const CatchingFlow& chosen, const COtxValue& caught, OtxContex
 
 }  // namespace
 
-// Break, Continue, a cancel, a runtime failure, and what a catch flow raises leave at once, without `finally`: only an OTX
-// exception of the try flow and a Return come by it. This is meant.
+// Break, Continue, a cancel, a runtime failure, and what a catch flow raises leave at once, without `finally`: only an
+// OTX exception of the try flow and a Return come by it. This is meant.
 FlowExit run(const Handler& node, OtxContext& context) {
     if (!node.realisation().present()) return {};
     const HandlerRealisation& handler = node.realisation().get();

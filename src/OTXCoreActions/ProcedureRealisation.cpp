@@ -31,8 +31,8 @@ void declareLocals(const ProcedureRealisation& procedure, OtxContext& context) {
 
 }  // namespace
 
-// An argument that matches no parameter falls through to the global of its name. An in-out parameter isn't copied: it is
-// the caller's cell under a second name. Out parameters are handed over as cells, also after a Return; not when an
+// An argument that matches no parameter falls through to the global of its name. An in-out parameter isn't copied: it
+// is the caller's cell under a second name. Out parameters are handed over as cells, also after a Return; not when an
 // exception passes.
 template <>
 void ProcedureRealisation_impl<ProcedureRealisation_base>::exec(

@@ -8,8 +8,8 @@ namespace otxns {
 
 namespace {
 
-// Walks the adjacent pairs while the comparison answers `wanted`, and gives the last answer. Each pair is evaluated anew,
-// so that a middle term is evaluated twice; this is meant. Fewer than two terms are neither equal nor unequal.
+// Walks the adjacent pairs while the comparison answers `wanted`, and gives the last answer. Each pair is evaluated
+// anew, so that a middle term is evaluated twice; this is meant. Fewer than two terms are neither equal nor unequal.
 template <class Terms, class Comparison>
 COtxValue overPairs(const Terms& terms, OtxContext& context, bool wanted, Comparison comparison) {
     if (terms.size() < 2) return COtxBool(false);

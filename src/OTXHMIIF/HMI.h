@@ -26,8 +26,8 @@ public:
 
     void closeAll();
 
-    // Takes a message of the host whose "eventType" begins with "HMI-". Throws std::out_of_range for a missing entry and
-    // std::runtime_error for a screen that isn't open and for a type that nobody knows.
+    // Takes a message of the host whose "eventType" begins with "HMI-". Throws std::out_of_range for a missing entry
+    // and std::runtime_error for a screen that isn't open and for a type that nobody knows.
     void inputEvent(const COtxValue& message);
 
 private:

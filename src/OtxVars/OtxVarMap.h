@@ -34,7 +34,8 @@ public:
 
     // Writes the value into the cell of that name; false without one. What the cell throws passes.
     virtual bool Set(const Name& name, const COtxValue& value);
-    // The same for a value that the caller gives away; it stays as it is without a cell. For a scope of this very class.
+    // The same for a value that the caller gives away; it stays as it is without a cell. For a scope of this very
+    // class.
     bool Store(const Name& name, COtxValue& value) {
         if (isShared_) return storeShared(name, value);
         const Entry* const found = entry(name);

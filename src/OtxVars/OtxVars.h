@@ -17,10 +17,10 @@
 
 namespace otxns {
 
-// Owned by OtxContext. All operations work on the calling thread's stack unless a thread is named, and may be called from
-// any thread. A look-up asks the top frame, then the globals; nothing of the callers' frames. A thread without a frame
-// goes straight to the globals. A name that is found nowhere raises InvalidReferenceException with the name as its text;
-// a stack that is shallower than it must be raises OTXRuntimeException, "Invalid stack pointer".
+// Owned by OtxContext. All operations work on the calling thread's stack unless a thread is named, and may be called
+// from any thread. A look-up asks the top frame, then the globals; nothing of the callers' frames. A thread without a
+// frame goes straight to the globals. A name that is found nowhere raises InvalidReferenceException with the name as
+// its text; a stack that is shallower than it must be raises OTXRuntimeException, "Invalid stack pointer".
 //
 // Names as texts are for the host's side and for tests; a run uses the keys of the document.
 class OtxVars {

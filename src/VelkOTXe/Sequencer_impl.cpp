@@ -13,8 +13,8 @@ namespace otxns {
 
 namespace {
 
-// Whether the first word is that of an XML declaration; leaves the stream where the document begins. White space ahead is
-// skipped for XML only.
+// Whether the first word is that of an XML declaration; leaves the stream where the document begins. White space ahead
+// is skipped for XML only.
 bool beginsAsXml(std::istream& document) {
     static constexpr std::string_view declaration = "<?xml";
     document >> std::ws;

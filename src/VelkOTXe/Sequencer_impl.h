@@ -12,8 +12,8 @@ namespace otxns {
 class Otx;
 class OtxContext;
 
-// Does all its work at construction: joins the thread groups as a root, starts the XML platform, reads the document, makes
-// the context. A failure there leaves the first two without their counterparts.
+// Does all its work at construction: joins the thread groups as a root, starts the XML platform, reads the document,
+// makes the context. A failure there leaves the first two without their counterparts.
 class Sequencer_impl : public velkotx::Sequencer {
 public:
     explicit Sequencer_impl(std::istream& document);
