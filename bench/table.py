@@ -55,7 +55,7 @@ def jumps(build):
 
 
 def load(build):
-    runs = suite(build, "bench_load", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
+    runs = suite(build, "bench_load", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
     print(f"\n{'load XML':10} {'ours ms':>9} {'parser':>9} {'ratio':>6} {'goal':>6}")
     for size, goal in LOAD_GOALS.items():
         mine = runs[f"loadWhole/{size}_median"]["cpu_time"]
@@ -68,7 +68,7 @@ def values(build):
     lock = runs["recursiveLock_median"]["cpu_time"]
     print(f"\n{'operation':20} {'ns':>8} {'of a lock':>10}")
     for name, run in runs.items():
-        print(f"{name.removesuffix('_median'):20} {run["cpu_time"]:8.1f} {run["cpu_time"] / lock:10.2f}")
+        print(f"{name.removesuffix('_median'):20} {run['cpu_time']:8.1f} {run['cpu_time'] / lock:10.2f}")
 
 
 def main():
