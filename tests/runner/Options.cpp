@@ -10,7 +10,8 @@ namespace {
 
 [[noreturn]] void refuse(const std::string& reason) {
     throw std::invalid_argument(
-        reason + "\nusage: otx_documents [--mode xml|compiled|stepped|lane] [--comma-locale] [--rebase] [--filter GLOB] ROOT");
+        reason + "\nusage: otx_documents [--mode xml|compiled|stepped|lane] [--comma-locale] [--rebase] [--verbose] "
+                 "[--filter GLOB] ROOT");
 }
 
 }  // namespace
@@ -32,6 +33,8 @@ Options readOptions(int argumentCount, const char* const* arguments) {
             options.filter = next();
         } else if (*word == "--rebase") {
             options.rebase = true;
+        } else if (*word == "--verbose") {
+            options.verbose = true;
         } else if (*word == "--comma-locale") {
             options.commaLocale = true;
         } else if (word->starts_with("--")) {

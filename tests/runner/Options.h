@@ -12,6 +12,7 @@ struct Options {
     Mode mode = Mode::xml;
     bool commaLocale = false;
     bool rebase = false;
+    bool verbose = false;
     std::string filter = "*";  // a glob on the name of a document: its path below the root, without ".otx"
     std::filesystem::path root;
 };

@@ -70,6 +70,7 @@ Verdict check(const std::string& name, const Options& options) {
         print("skipped " + name + ": " + skip->second + "\n");
         return Verdict::skipped;
     }
+    if (options.verbose) print("running " + name + "\n");
     const auto actual = runDocument(contentOf(options.root / (name + ".otx")), expectation.script(), options.mode);
     const bool refused = !actual.empty() && actual.back().starts_with(R"({"outcome":"unloadable")");
     if (refused != mustBeRefused(name)) {
