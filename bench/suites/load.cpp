@@ -1,4 +1,5 @@
 // The loader of documents against the parser alone, on the same text in the same run.
+#include <schema/CompiledForm.h>
 #include <schema/Document.h>
 #include <schema/DomParser.h>
 #include <schema/XmlPlatform.h>
@@ -7,7 +8,9 @@
 #include <benchmark/benchmark.h>
 
 #include <map>
+#include <ostream>
 #include <sstream>
+#include <streambuf>
 #include <string>
 
 namespace {
@@ -85,8 +88,49 @@ void loadWhole(benchmark::State& state) {
     }
 }
 
+// Memory of a known size to write to.
+class Memory : public std::streambuf {
+public:
+    explicit Memory(std::string& place) { setp(place.data(), place.data() + place.size()); }
+};
+
+std::string compiled(const otxns::Otx& tree) {
+    std::ostringstream out;
+    otxns::writeCompiled(tree, out);
+    return out.str();
+}
+
+void loadCompiled(benchmark::State& state) {
+    const schema::XmlPlatform platform;
+    std::istringstream text(document(static_cast<std::size_t>(state.range(0)) * 1'000'000));
+    const std::string bytes = compiled(*otxns::otx(text, schema::flags::dont_validate));
+    for (auto _ : state) {
+        auto tree = otxns::readCompiled(bytes);
+        state.PauseTiming();
+        tree.reset();
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes.size()));
+}
+
+void saveCompiled(benchmark::State& state) {
+    const schema::XmlPlatform platform;
+    std::istringstream text(document(static_cast<std::size_t>(state.range(0)) * 1'000'000));
+    const auto tree = otxns::otx(text, schema::flags::dont_validate);
+    const std::size_t size = compiled(*tree).size();
+    std::string place(size, '\0');
+    for (auto _ : state) {
+        Memory memory(place);
+        std::ostream out(&memory);
+        otxns::writeCompiled(*tree, out);
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * size));
+}
+
 }  // namespace
 
+BENCHMARK(loadCompiled)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveCompiled)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);
 BENCHMARK(parseOnly)->Arg(1)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadWhole)->Arg(1)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond);
 

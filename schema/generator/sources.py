@@ -154,7 +154,7 @@ def registration(catalogue, module, types):
     """The registered types among those of one source, and the module's substitution groups with its first."""
     rows = "".join(
         f'    {{{{"{t.name}", "{module.space}"}}, schema::make<{t.qualified}>, &typeid({t.qualified}),\n'
-        f"     schema::insert<{t.qualified}>, schema::extract<{t.qualified}>}},\n"
+        f"     {f'&{t.qualified}::table()' if t.kind == 'type' else 'nullptr'}, schema::insert<{t.qualified}>, schema::extract<{t.qualified}>}},\n"
         for t in types
         if not t.abstract
     )

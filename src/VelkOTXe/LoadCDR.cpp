@@ -1,11 +1,9 @@
 // Reads a document from the compiled form.
 #include <Trace.h>
 #include <VelkOTXe/Sequencer_impl.h>
+#include <schema/CompiledForm.h>
 #include <schema/DocumentOwner.h>
-#include <schema/Streams.h>
 #include <schema/core.h>
-
-#include <ace/CDR_Stream.h>
 
 #include <istream>
 #include <iterator>
@@ -15,10 +13,6 @@
 namespace otxns {
 
 namespace {
-
-constexpr int littleEndian = 1;
-constexpr ACE_CDR::Octet majorVersion = 1;
-constexpr ACE_CDR::Octet minorVersion = 2;
 
 // The whole file in one piece of memory, on the border to which its fields are aligned.
 std::vector<char> contentOf(std::istream& document) {
@@ -35,10 +29,8 @@ void Sequencer_impl::LoadCDR(std::istream& document) {
     OTX_TRACE(4, "");
     try {
         const std::vector<char> bytes = contentOf(document);
-        ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);
-        schema::InputStream stream(input);
         const StackUse use;
-        auto tree = std::make_unique<Otx>(stream, schema::flags(0), nullptr);
+        auto tree = readCompiled(bytes);
         otx = ownDocument(std::move(tree), use);
     } catch (std::exception& failure) {
         OTX_TRACE(0, failure.what());

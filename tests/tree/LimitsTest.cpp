@@ -1,7 +1,7 @@
 // What hostile documents meet: limits of nesting and attributes, small stacks.
 #include "Documents.h"
 
-#include <schema/DomParser.h>
+#include <schema/Limits.h>
 #include <schema/DocumentOwner.h>
 
 #include <gtest/gtest.h>

@@ -1,6 +1,8 @@
 // Parses XML to a DOM under the limits that keep the process safe.
 #include <schema/DomParser.h>
 
+#include <schema/Limits.h>
+
 #include <xsd/cxx/tree/error-handler.hxx>
 #include <xsd/cxx/xml/dom/bits/error-handler-proxy.hxx>
 #include <xsd/cxx/xml/sax/std-input-source.hxx>

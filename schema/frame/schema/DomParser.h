@@ -27,10 +27,6 @@ private:
     std::string reason_;
 };
 
-// What a document may have at the most: levels of nested elements, attributes of one element.
-inline constexpr std::size_t maximumDepth = 10'000;
-inline constexpr std::size_t maximumAttributes = 10'000;
-
 // Parses the stream to its end. Throws the tree's `parsing` with the parser's diagnostics for a document that isn't well
 // formed, RefusedInput for the above.
 XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream);

@@ -47,7 +47,7 @@ void insertValue(OutputStream& stream, const T& value) {
 template <typename T>
 std::unique_ptr<T> extractObject(InputStream& stream, flags f, container* owner) {
     if constexpr (std::is_same_v<T, hex_binary>) {
-        const auto bytes = stream.readOctets();
+        const std::string_view bytes = stream.readOctets();
         return std::make_unique<T>(hex_binary(bytes.data(), bytes.size()), f, owner);
     } else if constexpr (std::is_same_v<T, date_time>) {
         return std::make_unique<T>(extractDateTime(stream), f, owner);
@@ -59,7 +59,7 @@ std::unique_ptr<T> extractObject(InputStream& stream, flags f, container* owner)
     } else if constexpr (Structured<T>) {
         return std::make_unique<T>(stream, f, owner);
     } else {
-        return std::make_unique<T>(stream.readString(), nullptr, f, owner);
+        return std::make_unique<T>(std::string(stream.readString()), nullptr, f, owner);
     }
 }
 
@@ -111,29 +111,30 @@ void parse(void* holder, const char16_t* text, const DomElement& element, flags 
         static_cast<Holder*>(holder)->set(readObject<T>(text, element, f, owner));
 }
 
+template <typename T>
+inline constexpr decltype(MemberClass::extract) extraction = extract<T>;
+template <typename T>
+    requires std::is_abstract_v<T>
+inline constexpr decltype(MemberClass::extract) extraction<T> = nullptr;
+
+template <typename T>
+inline const MemberClass memberClass{&typeid(T), &T::table, extraction<T>};
+
 // A member's object: simple types as their value, classes as records.
 template <typename T>
 void insertMember(OutputStream& stream, const T& object) {
-    if constexpr (!Structured<T>)
-        insertValue(stream, object);
-    else if constexpr (std::is_abstract_v<T>)
-        insertRecord(stream, object, nullptr, nullptr);
+    if constexpr (Structured<T>)
+        insertRecord(stream, object, memberClass<T>);
     else
-        insertRecord(stream, object, &typeid(T), &T::table());
+        insertValue(stream, object);
 }
 
 template <typename T>
 std::unique_ptr<T> extractMember(InputStream& stream, flags f, container* owner) {
-    if constexpr (!Structured<T>) {
+    if constexpr (Structured<T>)
+        return std::unique_ptr<T>(static_cast<T*>(extractRecord(stream, memberClass<T>, f, owner).release()));
+    else
         return extractObject<T>(stream, f, owner);
-    } else {
-        Extractor own = nullptr;
-        if constexpr (!std::is_abstract_v<T>) own = extract<T>;
-        auto object = extractRecord(stream, own, f, owner);
-        auto cast = downcast<T>(object);
-        if (cast == nullptr) throw xsd::cxx::tree::not_derived<char>();
-        return cast;
-    }
 }
 
 template <typename Holder, typename T>
@@ -155,7 +156,7 @@ void insertOptional(const void* holder, OutputStream& stream) {
 
 template <typename T>
 void extractOptional(void* holder, InputStream& stream, flags f, container* owner) {
-    if (stream.readBoolean()) extractOne<optional<T>, T>(holder, stream, f, owner);
+    if (stream.readBoolean("present")) extractOne<optional<T>, T>(holder, stream, f, owner);
 }
 
 template <typename T>
@@ -167,7 +168,7 @@ void insertSequence(const void* holder, OutputStream& stream) {
 
 template <typename T>
 void extractSequence(void* holder, InputStream& stream, flags f, container* owner) {
-    for (std::uint32_t left = stream.readUnsignedLong(); left > 0; --left)
+    for (std::uint32_t left = stream.readUnsignedLong("count"); left > 0; --left)
         static_cast<sequence<T>*>(holder)->push_back(extractMember<T>(stream, f, owner));
 }
 
@@ -203,7 +204,7 @@ void insertOptionalAttribute(const void* holder, OutputStream& stream) {
 
 template <typename T>
 void extractOptionalAttribute(void* holder, InputStream& stream, flags f, container* owner) {
-    if (stream.readBoolean()) extractAttribute<optional<T>, T>(holder, stream, f, owner);
+    if (stream.readBoolean("present")) extractAttribute<optional<T>, T>(holder, stream, f, owner);
 }
 
 template <typename Holder>

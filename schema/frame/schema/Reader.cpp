@@ -2,6 +2,7 @@
 #include <schema/Reader.h>
 
 #include <schema/DocumentOwner.h>
+#include <schema/Limits.h>
 #include <schema/Text.h>
 
 #include <otx/Stack.h>
@@ -135,16 +136,6 @@ void parse(type& object, const ClassTable& table, const DomElement& element, fla
     }
 }
 
-NestedTooDeep::~NestedTooDeep() throw() = default;
-
-const char* NestedTooDeep::what() const throw() {
-    return "document nested too deep";
-}
-
-void NestedTooDeep::print(std::ostream& out) const {
-    out << "document nested too deep for the stack of this thread";
-}
-
 // Opens an element: enters its namespace bindings, and finds its xsi:type on the way.
 class Reader::Scope {
 public:
@@ -229,7 +220,7 @@ NamespaceId Reader::space(const char16_t* pooled) {
 
 std::unique_ptr<type> Reader::create(const DomElement& element, Factory factory, TypeName memberType, flags f,
                                      container* owner) {
-    if (otx::stackIsLow()) throw NestedTooDeep();
+    if (otx::stackIsLow()) throw NestedTooDeep(NestedTooDeep::Limit::stack);
     otxns::StackUse::note();
     const Scope scope(*this, element);
     if (const Factory made = chosen(scope.typeAttribute, factory)) return made(element, f, owner);

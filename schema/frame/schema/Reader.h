@@ -15,16 +15,6 @@ namespace schema {
 // members, then the attributes. Called by the constructor of the most derived generated class.
 void parse(type& object, const ClassTable& table, const DomElement& element, flags f);
 
-// A document whose elements are nested so deep that building the tree would exhaust the thread's stack.
-class NestedTooDeep : public Exception {
-public:
-    ~NestedTooDeep() throw() override;
-    const char* what() const throw() override;
-
-protected:
-    void print(std::ostream& out) const override;
-};
-
 // The state of reading one document, on the stack of the thread that reads it: the names already met, by the addresses
 // at which the parser pools them, and the namespace prefixes in scope.
 class Reader {

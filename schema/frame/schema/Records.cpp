@@ -1,8 +1,7 @@
 // Writes and reads the objects of the compiled form.
 #include <schema/Records.h>
 
-#include <schema/DocumentOwner.h>
-#include <schema/Reader.h>
+#include <schema/Limits.h>
 #include <schema/Registry.h>
 
 #include <otx/Stack.h>
@@ -13,9 +12,10 @@ namespace schema {
 
 namespace {
 
-void checkStack() {
-    if (otx::stackIsLow()) throw NestedTooDeep();
-    otxns::StackUse::note();
+// A class without virtual bases: the table of a class leads to those of its bases.
+bool derives(const ClassTable* table, const ClassTable& base) {
+    while (table != nullptr && table != &base) table = table->base;
+    return table != nullptr;
 }
 
 // A position that stands behind its sequence would be found only in a run.
@@ -49,42 +49,48 @@ void insertFields(OutputStream& stream, const type& constObject, const ClassTabl
 
 void extractFields(InputStream& stream, type& object, const ClassTable& table, flags f) {
     if (table.base != nullptr) extractFields(stream, object, *table.base, f);
+    FieldListener* const listener = stream.listener();
     if (table.order != nullptr) {
+        if (listener != nullptr) listener->member(u"order");
         auto& order = *table.order(object);
-        for (std::uint32_t left = stream.readUnsignedLong(); left > 0; --left) {
-            const std::uint32_t kind = stream.readUnsignedLong();
-            order.emplace_back(kind, stream.readUnsignedLong());
+        for (std::uint32_t left = stream.readUnsignedLong("count"); left > 0; --left) {
+            const std::uint32_t kind = stream.readUnsignedLong("kind");
+            order.emplace_back(kind, stream.readUnsignedLong("position"));
         }
     }
-    for (const Element& member : table.elements) member.operations->extract(member.holder(object), stream, f, &object);
-    for (const Attribute& member : table.attributes)
+    const auto extract = [&](const auto& member) {
+        if (listener != nullptr) listener->member(elementNames()[member.name]);
         member.operations->extract(member.holder(object), stream, f, &object);
+    };
+    for (const Element& member : table.elements) extract(member);
+    for (const Attribute& member : table.attributes) extract(member);
     if (table.order != nullptr) checkOrder(object, table);
 }
 
-void insertRecord(OutputStream& stream, const type& object, const std::type_info* own, const ClassTable* ownTable) {
-    checkStack();
+void insertRecord(OutputStream& stream, const type& object, const MemberClass& own) {
+    if (otx::stackIsLow()) throw NestedTooDeep(NestedTooDeep::Limit::stack);
     const std::type_info& identity = typeid(object);
-    if (own != nullptr) {
-        const bool other = identity != *own;
+    if (own.extract != nullptr) {
+        // Comparing the classes compares texts; that of the addresses nearly always decides.
+        const bool other = &identity != own.identity && *stream.typeOf(identity).identity != *own.identity;
         stream.writeBoolean(other);
-        if (!other) return insertFields(stream, object, *ownTable);
+        if (!other) return insertFields(stream, object, own.table());
     }
-    const RegisteredType* const registered = findType(identity);
-    if (registered == nullptr) throw xsd::cxx::tree::no_type_info<char>(identity.name(), "");
-    stream.writePooled(registered->name.space);
-    stream.writePooled(registered->name.name);
-    registered->insert(stream, object);
+    stream.writeType(identity);
+    stream.typeOf(identity).insert(stream, object);
 }
 
-std::unique_ptr<type> extractRecord(InputStream& stream, Extractor own, flags f, container* owner) {
-    checkStack();
-    if (own != nullptr && !stream.readBoolean()) return own(stream, f, owner);
-    const std::string space = stream.readPooled();
-    const std::string name = stream.readPooled();
-    const RegisteredType* const registered = findType(name, space);
-    if (registered == nullptr) throw xsd::cxx::tree::no_type_info<char>(name, space);
-    return registered->extract(stream, f, owner);
+std::unique_ptr<type> extractRecord(InputStream& stream, const MemberClass& own, flags f, container* owner) {
+    const InputStream::Level level(stream);
+    if (own.extract != nullptr && !stream.readBoolean("derived")) {
+        const FieldListener::Object shown(stream.listener(), *own.identity);
+        return own.extract(stream, f, owner);
+    }
+    const RegisteredType& registered = stream.readType();
+    const FieldListener::Object shown(stream.listener(), registered);
+    std::unique_ptr<type> object = registered.extract(stream, f, owner);
+    if (!derives(registered.table, own.table())) throw xsd::cxx::tree::not_derived<char>();
+    return object;
 }
 
 void insertDateTime(OutputStream& stream, const date_time& value) {
@@ -101,15 +107,15 @@ void insertDateTime(OutputStream& stream, const date_time& value) {
 }
 
 date_time extractDateTime(InputStream& stream) {
-    const int year = stream.readLong();
-    const unsigned short month = stream.readUnsignedShort();
-    const unsigned short day = stream.readUnsignedShort();
-    const unsigned short hours = stream.readUnsignedShort();
-    const unsigned short minutes = stream.readUnsignedShort();
-    const double seconds = stream.readDouble();
-    if (!stream.readBoolean()) return date_time(year, month, day, hours, minutes, seconds);
-    const short zoneHours = stream.readShort();
-    const short zoneMinutes = stream.readShort();
+    const int year = stream.readLong("year");
+    const unsigned short month = stream.readUnsignedShort("month");
+    const unsigned short day = stream.readUnsignedShort("day");
+    const unsigned short hours = stream.readUnsignedShort("hours");
+    const unsigned short minutes = stream.readUnsignedShort("minutes");
+    const double seconds = stream.readDouble("seconds");
+    if (!stream.readBoolean("zone present")) return date_time(year, month, day, hours, minutes, seconds);
+    const short zoneHours = stream.readShort("zone hours");
+    const short zoneMinutes = stream.readShort("zone minutes");
     return date_time(year, month, day, hours, minutes, seconds, zoneHours, zoneMinutes);
 }
 

@@ -14,6 +14,8 @@ struct RegisteredType {
     TypeName name;
     Factory factory;
     const std::type_info* identity;
+    // The members of the class, null for a simple type.
+    const ClassTable* table;
     void (*insert)(OutputStream&, const type&);
     std::unique_ptr<type> (*extract)(InputStream&, flags, container*);
 };

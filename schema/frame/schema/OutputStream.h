@@ -1,15 +1,15 @@
-// The compiled form's streams: primitives in little-endian CDR, and the pool of type names.
+// Writes the primitives of the compiled form: little-endian CDR, and the pool of type names.
 #pragma once
 
+#include <schema/Registry.h>
 #include <schema/Runtime.h>
 
 #include <cstdint>
 #include <map>
 #include <string>
-#include <vector>
+#include <unordered_map>
 
 class ACE_OutputCDR;
-class ACE_InputCDR;
 
 namespace schema {
 
@@ -29,11 +29,24 @@ public:
     void writeDouble(double value);
     void writeString(const std::string& value);
     void writeOctets(const char* data, std::size_t size);
-    // The string itself at its first use, later only its number; numbers count from 1.
-    void writePooled(const std::string& value);
     void writeCount(std::size_t count);
 
+    // The registered type of a class. Throws no_type_info for a class that isn't registered.
+    const RegisteredType& typeOf(const std::type_info& identity) { return *knownType(identity).type; }
+    // The namespace and the name of that type, each in full at its first use in the file, later only its number; the
+    // numbers count from 1.
+    void writeType(const std::type_info& identity);
+
 private:
+    // A class met in this file; its names' numbers are 0 until they have been written.
+    struct KnownType {
+        const RegisteredType* type;
+        std::uint32_t space;
+        std::uint32_t name;
+    };
+
+    KnownType& knownType(const std::type_info& identity);
+    std::uint32_t writePooled(const std::string& value);
     // Fills up to the border of a number's size with zeros, where the stream itself would leave what its memory held,
     // and counts the number.
     void align(std::size_t size);
@@ -42,32 +55,8 @@ private:
     // Bytes written so far. The stream could tell, but walks over all its blocks to know.
     std::size_t offset_ = 0;
     std::map<std::string, std::uint32_t> pool_;
-};
-
-// Reads one file. Every operation throws the runtime's ace_cdr_stream_extraction when the bytes don't hold what is asked
-// for; no length is believed before it is compared with the bytes that are left.
-class InputStream {
-public:
-    explicit InputStream(ACE_InputCDR& stream) : stream_(stream) {}
-    InputStream(const InputStream&) = delete;
-    InputStream& operator=(const InputStream&) = delete;
-
-    bool readBoolean();
-    std::int16_t readShort();
-    std::uint16_t readUnsignedShort();
-    std::int32_t readLong();
-    std::uint32_t readUnsignedLong();
-    std::int64_t readLongLong();
-    double readDouble();
-    std::string readString();
-    std::vector<char> readOctets();
-    const std::string& readPooled();
-
-private:
-    std::string readBytes(std::size_t size);
-
-    ACE_InputCDR& stream_;
-    std::vector<std::string> pool_;
+    // By address: the same class under another address is only looked up again.
+    std::unordered_map<const std::type_info*, KnownType> types_;
 };
 
 }  // namespace schema

@@ -1,0 +1,47 @@
+// The root of reading and writing the compiled form, over the CDR streams.
+#include <schema/CompiledForm.h>
+
+#include <schema/Records.h>
+#include <schema/core.h>
+
+#include <xsd/cxx/tree/ace-cdr-stream-extraction.hxx>
+#include <xsd/cxx/tree/ace-cdr-stream-insertion.hxx>
+
+#include <ace/CDR_Stream.h>
+#include <ace/Message_Block.h>
+
+#include <ostream>
+
+namespace otxns {
+
+namespace {
+
+constexpr int littleEndian = 1;
+constexpr std::size_t defaultSize = 0;
+constexpr std::size_t copyUpTo = 256;
+constexpr ACE_CDR::Octet majorVersion = 1;
+constexpr ACE_CDR::Octet minorVersion = 2;
+
+}  // namespace
+
+std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldListener* listener) {
+    ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);
+    schema::InputStream stream(input, listener);
+    const schema::FieldListener::Object shown(listener, typeid(Otx));
+    return std::make_unique<Otx>(stream, schema::flags(0), nullptr);
+}
+
+std::size_t writeCompiled(const Otx& document, std::ostream& out) {
+    ACE_OutputCDR output(defaultSize, littleEndian, nullptr, nullptr, nullptr, copyUpTo, majorVersion, minorVersion);
+    schema::OutputStream stream(output);
+    schema::insertFields(stream, document, Otx::table());
+    std::size_t size = 0;
+    for (const ACE_Message_Block* block = output.begin(); block != nullptr; block = block->cont()) {
+        out.write(block->rd_ptr(), static_cast<std::streamsize>(block->length()));
+        size += block->length();
+    }
+    if (!out.flush()) throw xsd::cxx::tree::ace_cdr_stream_insertion();
+    return size;
+}
+
+}  // namespace otxns
