@@ -12,4 +12,10 @@ int run(const RunOptions& options, const Streams& streams);
 // Describes a document. Throws UsageError.
 int info(const InfoOptions& options, const Streams& streams);
 
+// Writes a document in the compiled form. Throws UsageError.
+int compile(const CompileOptions& options, const Streams& streams);
+
+// Prints a compiled document field by field. Throws UsageError.
+int dump(const DumpOptions& options, const Streams& streams);
+
 }  // namespace velkotx::host

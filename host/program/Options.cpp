@@ -40,6 +40,21 @@ constexpr const char* infoFooter =
     "  velkotx info examples/04-sort.otx\n"
     "  velkotx info --json - < examples/04-sort.otx";
 
+constexpr const char* compileFooter =
+    "Exit status: 0 written, 2 bad usage or a document that can't be loaded, 3 a file that can't be\n"
+    "written. FILE may be compiled already; the same bytes come out.\n"
+    "\n"
+    "Examples:\n"
+    "  velkotx compile examples/04-sort.otx -o sort.otxc\n"
+    "  velkotx run sort.otxc --arg 'responseTimes=[31,18,47]'";
+
+constexpr const char* dumpFooter =
+    "Exit status: 0 printed, 2 bad usage or a file that isn't a compiled document.\n"
+    "\n"
+    "Examples:\n"
+    "  velkotx dump sort.otxc\n"
+    "  velkotx compile examples/04-sort.otx -o - | velkotx dump -";
+
 std::string versionLine() {
     return GetComponentName() + " " + GetComponentVersion() + " " + GetComponentDate();
 }
@@ -79,12 +94,28 @@ void addInfo(CLI::App& program, InfoOptions& options) {
     info.footer(infoFooter);
 }
 
+void addCompile(CLI::App& program, CompileOptions& options) {
+    CLI::App& compile = *program.add_subcommand("compile", "Write a document in the compiled form");
+    addDocument(compile, options.document);
+    compile.add_option("-o,--output", options.output, "Where to write it; - for standard output")
+        ->type_name("OUT")
+        ->required();
+    compile.footer(compileFooter);
+}
+
+void addDump(CLI::App& program, DumpOptions& options) {
+    CLI::App& dump = *program.add_subcommand("dump", "Print a compiled document field by field");
+    dump.add_option("FILE", options.document, "The compiled document; - for standard input")->required()->type_name("");
+    dump.footer(dumpFooter);
+}
+
 // What is wrong with a command line, in words.
 std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
     if (!program.get_subcommands().empty())
         return error.what();
+    const std::string commands = "run, info, compile or dump";
     const std::vector<std::string> words = program.remaining();
-    return words.empty() ? "a command is missing: run or info" : "'" + words.front() + "' is no command: run or info";
+    return words.empty() ? "a command is missing: " + commands : "'" + words.front() + "' is no command: " + commands;
 }
 
 }  // namespace
@@ -92,6 +123,8 @@ std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
 Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
     RunOptions run;
     InfoOptions info;
+    CompileOptions compile;
+    DumpOptions dump;
     CLI::App program("Runs OTX test sequences (ISO 13209).", "velkotx");
     program.set_version_flag("--version", versionLine, "Print the component's name, version and date");
     program.require_subcommand(1);
@@ -100,6 +133,8 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     program.footer(programFooter);
     addRun(program, run);
     addInfo(program, info);
+    addCompile(program, compile);
+    addDump(program, dump);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -110,6 +145,10 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     }
     if (program.got_subcommand("run"))
         return run;
+    if (program.got_subcommand("compile"))
+        return compile;
+    if (program.got_subcommand("dump"))
+        return dump;
     return info;
 }
 

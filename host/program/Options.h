@@ -28,12 +28,23 @@ struct InfoOptions {
     bool json = false;
 };
 
+// velkotx compile FILE -o OUT.
+struct CompileOptions {
+    std::string document;
+    std::string output;
+};
+
+// velkotx dump FILE.
+struct DumpOptions {
+    std::string document;
+};
+
 // The command line was answered already, with help, the version or a complaint: the program ends with this status.
 struct Answered {
     int status;
 };
 
-using Options = std::variant<RunOptions, InfoOptions, Answered>;
+using Options = std::variant<RunOptions, InfoOptions, CompileOptions, DumpOptions, Answered>;
 
 // Parses the command line. Help and version go to `out`, one line about bad usage to `err`.
 Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err);

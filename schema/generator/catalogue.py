@@ -16,6 +16,9 @@ class Member:
     cardinality: str  # one, optional, sequence; required, optional, default
     default: str | None = None
     interned: bool = False
+    qualified: bool = False
+    # Its name in C++; an attribute that is called like an element of its class gets a number.
+    spelled: str = ""
 
 
 @dataclasses.dataclass
@@ -108,12 +111,17 @@ def read_detail(current, words):
         rest = words[4:]
         if member.cardinality == "default":
             member.default = rest.pop(0)
-        member.interned = rest == ["interned"]
+        for flag in rest:
+            if flag not in ("interned", "qualified"):
+                raise ValueError("unknown word " + flag)
+            setattr(member, flag, True)
         if member.type not in SIMPLE:
             member.type = qualify(member.type, current.module)
         allowed = ("one", "optional", "sequence") if words[0] == "element" else ("required", "optional", "default")
         if member.cardinality not in allowed:
             raise ValueError("unknown cardinality " + member.cardinality)
+        clash = any(other.name == member.name for other in current.members)
+        member.spelled = member.name + ("1" if clash else "")
         current.members.append(member)
     else:
         raise ValueError("unknown word " + words[0])

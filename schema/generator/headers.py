@@ -90,17 +90,17 @@ def data_class(catalogue, t):
     if t.members:
         lines += ["", "private:"]
     for m in t.members:
-        lines.append(f"    {holder(m)} {m.name}_member;")
+        lines.append(f"    {holder(m)} {m.spelled}_member;")
     if t.ordered:
         lines.append("    std::vector<schema::content_order> order_;")
     return "\n".join(lines) + "\n};\n"
 
 
 def accessor(m):
-    name = identifier(m.name)
+    name = identifier(m.spelled)
     if m.cardinality in ("one", "required", "default"):
-        return f"const {member_class(m)}& {name}() const {{ return {m.name}_member.get(); }}"
-    return f"const {holder(m)}& {name}() const {{ return {m.name}_member; }}"
+        return f"const {member_class(m)}& {name}() const {{ return {m.spelled}_member.get(); }}"
+    return f"const {holder(m)}& {name}() const {{ return {m.spelled}_member; }}"
 
 
 def behaviour(catalogue, t):

@@ -63,8 +63,8 @@ def data_class(catalogue, t):
     n = t.data_class
     base = t.base if t.base else "schema::type"
     base_flags = "f | schema::flags::base"
-    made = "".join(f", {m.name}_member(this)" for m in t.members)
-    copied = "".join(f", {m.name}_member(other.{m.name}_member, f, this)" for m in t.members)
+    made = "".join(f", {m.spelled}_member(this)" for m in t.members)
+    copied = "".join(f", {m.spelled}_member(other.{m.spelled}_member, f, this)" for m in t.members)
     if t.ordered:
         copied += ", order_(other.order_)"
     base_name = base.split("::")[-1]
@@ -112,7 +112,7 @@ def table(catalogue, t):
 
 
 def at(t, m):
-    return f"[](schema::type& object) -> void* {{ return &static_cast<{t.data_class}&>(object).{m.name}_member; }}"
+    return f"[](schema::type& object) -> void* {{ return &static_cast<{t.data_class}&>(object).{m.spelled}_member; }}"
 
 
 def element_row(catalogue, t, m):
@@ -133,6 +133,7 @@ def element_row(catalogue, t, m):
 
 
 def attribute_row(t, m):
+    space = f"schema::spaces::{t.module.name}" if m.qualified else "0"
     kind = "optionalAttribute" if m.cardinality == "optional" else "oneAttribute"
     default = "nullptr"
     if m.default is not None:
@@ -144,7 +145,7 @@ def attribute_row(t, m):
             f"         }}"
         )
     return (
-        f"        {{schema::names::{identifier(m.name)}, schema::Presence::{PRESENCE[m.cardinality]},\n"
+        f"        {{schema::names::{identifier(m.name)}, {space}, schema::Presence::{PRESENCE[m.cardinality]},\n"
         f"         {at(t, m)},\n"
         f"         &schema::{kind}<{member_class(m)}>, {default}}},\n"
     )

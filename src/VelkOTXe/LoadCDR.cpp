@@ -5,25 +5,10 @@
 #include <schema/DocumentOwner.h>
 #include <schema/core.h>
 
-#include <istream>
-#include <iterator>
 #include <stdexcept>
 #include <vector>
 
 namespace otxns {
-
-namespace {
-
-// The whole file in one piece of memory, on the border to which its fields are aligned.
-std::vector<char> contentOf(std::istream& document) {
-    std::vector<char> bytes;
-    constexpr std::size_t initialSize = 4096;
-    bytes.reserve(initialSize);
-    bytes.assign(std::istreambuf_iterator<char>(document.rdbuf()), {});
-    return bytes;
-}
-
-}  // namespace
 
 void Sequencer_impl::LoadCDR(std::istream& document) {
     OTX_TRACE(4, "");

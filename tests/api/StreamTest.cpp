@@ -100,6 +100,26 @@ TEST(Stream, InTheCompiledFormIsReadFromItsBeginning) {
     expectLoads(stream);
 }
 
+TEST(Stream, ThatTakesNothingFailsTheSaving) {
+    const auto sequencer = load(good);
+    const auto saving = [&sequencer](std::ostream& out) {
+        try {
+            sequencer->Save(out);
+            return std::string("saved");
+        } catch (const std::runtime_error& error) {
+            return std::string(error.what());
+        }
+    };
+    const std::string refused = "VelkOTX CDR Saving Exception: ACE CDR stream insertion operation failed";
+    std::ostringstream bad;
+    bad.setstate(std::ios::badbit);
+    EXPECT_EQ(saving(bad), refused);
+    std::ostream nowhere(nullptr);
+    EXPECT_EQ(saving(nowhere), refused);
+    std::ostringstream good;
+    EXPECT_EQ(saving(good), "saved");
+}
+
 TEST(Stream, IsNotKept) {
     std::shared_ptr<velkotx::Sequencer> sequencer;
     {

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tree_tests {
 namespace {
 
@@ -51,6 +53,33 @@ TEST(Limits, ADeepCompiledFileMeetsTheSameCheck) {
     std::string bytes;
     onThread(64 * 1024 * 1024, [&bytes] { bytes = compiled(*load(nestedGroups(4'000))); });
     onThread(256 * 1024, [&bytes] { EXPECT_THROW(fromCompiled(bytes), std::exception); });
+}
+
+// A compiled file with that many levels: the innermost flow of a document, repeated in place.
+std::string compiledGroups(std::size_t count) {
+    const std::string one = compiled(*load(nestedGroups(1)));
+    const std::string two = compiled(*load(nestedGroups(2)));
+    const std::string three = compiled(*load(nestedGroups(3)));
+    // From the second on each level is the same bytes, where the padding is the same.
+    const std::size_t level = three.size() - two.size();
+    const std::size_t begin = static_cast<std::size_t>(std::mismatch(one.begin(), one.end(), two.begin()).first - one.begin());
+    std::string text = two.substr(0, begin);
+    for (std::size_t i = 2; i < count; ++i) text += three.substr(begin, level);
+    return text + two.substr(begin);
+}
+
+TEST(Limits, ACompiledFileMeetsTheLimitOfNestingToo) {
+    onThread(64 * 1024 * 1024, [] {
+        ASSERT_EQ(compiledGroups(100), compiled(*load(nestedGroups(100))));
+        const std::size_t most = (schema::maximumDepth - 5) / 2;
+        EXPECT_NO_THROW(fromCompiled(compiledGroups(most)));
+        try {
+            fromCompiled(compiledGroups(most + 1));
+            ADD_FAILURE() << "not refused";
+        } catch (const schema::Exception& failure) {
+            EXPECT_STREQ(failure.what(), "document nested more than 10000 deep");
+        }
+    });
 }
 
 TEST(Limits, ADocumentTypeDeclarationIsRefusedBeforeItIsRead) {

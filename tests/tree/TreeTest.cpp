@@ -23,10 +23,25 @@ const std::string pathAction = R"(<action id="a"><realisation xsi:type="Assignme
 </realisation></action>)";
 
 TEST(Registration, EveryConcreteTypeOfEveryModule) {
-    EXPECT_EQ(schema::registeredTypes(), 625U);
+    EXPECT_EQ(schema::registeredTypes(), 643U);
     EXPECT_NE(schema::findFactory("Add", "http://iso.org/OTX/1.0.0"), nullptr);
     EXPECT_NE(schema::findFactory("ConfirmDialog", "http://iso.org/OTX/1.0.0/HMI"), nullptr);
     EXPECT_NE(schema::findFactory("GetSecurityAccessLevel", "http://iso.org/Quorl/1.0.0/CustomTerms"), nullptr);
+}
+
+TEST(Registration, TheNamesOfTheLinkVocabulary) {
+    const std::string space = "http://www.w3.org/1999/xlink";
+    for (const char* name : {"simple", "extended", "titleEltType", "resourceType", "locatorType", "arcType", "typeType",
+                             "hrefType", "roleType", "arcroleType", "titleAttrType", "showType", "actuateType",
+                             "labelType", "fromType", "toType"})
+        EXPECT_NE(schema::findFactory(name, space), nullptr) << name;
+    for (const char* name : {"base64Binary", "hexBinary"})
+        EXPECT_NE(schema::findFactory(name, "http://www.w3.org/2005/05/xmlmime"), nullptr) << name;
+    // No member takes them, so no document holds one.
+    EXPECT_NE(failure(document(R"(<action id="a"><realisation xmlns:l="http://www.w3.org/1999/xlink" xsi:type="l:simple"
+        l:href="x"/></action>)")).find("is not derived from"), std::string::npos);
+    EXPECT_NE(failure(document(R"(<action id="a"><realisation xmlns:l="http://www.w3.org/1999/xlink"
+        xsi:type="l:locatorType" l:type="locator" href="x"/></action>)")).find("expected attribute"), std::string::npos);
 }
 
 TEST(Registration, AbstractTypesAreNotRegistered) {

@@ -10,6 +10,8 @@
 #include <ace/CDR_Stream.h>
 #include <ace/Message_Block.h>
 
+#include <istream>
+#include <iterator>
 #include <ostream>
 
 namespace otxns {
@@ -23,6 +25,14 @@ constexpr ACE_CDR::Octet majorVersion = 1;
 constexpr ACE_CDR::Octet minorVersion = 2;
 
 }  // namespace
+
+std::vector<char> contentOf(std::istream& file) {
+    std::vector<char> bytes;
+    constexpr std::size_t initialSize = 4096;
+    bytes.reserve(initialSize);
+    bytes.assign(std::istreambuf_iterator<char>(file.rdbuf()), {});
+    return bytes;
+}
 
 std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldListener* listener) {
     ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);

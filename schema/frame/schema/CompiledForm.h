@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace schema {
 class FieldListener;
@@ -13,7 +14,10 @@ namespace otxns {
 
 class Otx;
 
-// Builds the tree from the bytes of a file, which must begin at an address divisible by 8; operator new gives such.
+// The whole of a stream in one piece of memory, which begins where a compiled file has to.
+std::vector<char> contentOf(std::istream& file);
+
+// Builds the tree from the bytes of a file, which must begin at an address divisible by 8.
 // Throws the tree runtime's exceptions: ace_cdr_stream_extraction for bytes that don't hold a document, no_type_info,
 // not_derived; NestedTooDeep. A listener sees each field as it is read.
 std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldListener* listener = nullptr);

@@ -98,7 +98,8 @@ std::string_view InputStream::readString(const char* role) {
     std::string_view text = bytes(size);
     extracted(text.back() == '\0');
     text.remove_suffix(1);
-    if (listener_ != nullptr) listener_->field({offset() - size, offset() - size, offset(), role, '"' + std::string(text) + '"'});
+    if (listener_ != nullptr)
+        listener_->field({offset() - size, offset() - size, offset(), role, std::string(text), true});
     return text;
 }
 

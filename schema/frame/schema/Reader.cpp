@@ -101,9 +101,11 @@ private:
 
     void parseAttributes(const ClassTable& table) {
         const auto* const found = element_.getAttributes();
+        const NamespaceId space = table.attributes.front().space;
         for (XMLSize_t i = 0, count = found->getLength(); i < count; ++i) {
             const auto* const attribute = static_cast<const xercesc::DOMAttr*>(found->item(i));
-            if (attribute->getNamespaceURI() != nullptr) continue;
+            const XMLCh* const uri = attribute->getNamespaceURI();
+            if (space == 0 ? uri != nullptr : uri == nullptr || reader_.space(uri) != space) continue;
             const NameId name = reader_.name(attribute->getLocalName());
             if (name == 0) continue;
             for (const Attribute& member : table.attributes)
@@ -113,7 +115,8 @@ private:
         for (const Attribute& member : table.attributes) {
             if (member.presence == Presence::optional || member.operations->present(member.holder(object_))) continue;
             if (member.presence == Presence::required)
-                throw xsd::cxx::tree::expected_attribute<char>(narrowView(elementNames()[member.name]), "");
+                throw xsd::cxx::tree::expected_attribute<char>(narrowView(elementNames()[member.name]),
+                                                               narrowView(namespaceNames()[space]));
             member.setDefault(member.holder(object_), &object_);
         }
     }

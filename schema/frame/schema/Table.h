@@ -61,6 +61,8 @@ struct AttributeHolder {
 
 struct Attribute {
     NameId name;
+    // 0 for an attribute without a namespace, as nearly all are; those of one class are alike.
+    NamespaceId space;
     Presence presence;
     void* (*holder)(type& object);
     const AttributeHolder* operations;

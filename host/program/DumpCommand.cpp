@@ -1,0 +1,26 @@
+// velkotx dump: a compiled document shown field by field.
+#include "program/Commands.h"
+
+#include "program/Inputs.h"
+#include "program/Report.h"
+
+#include <velkotx/DumpCompiled.h>
+
+#include <istream>
+#include <stdexcept>
+
+namespace velkotx::host {
+
+int dump(const DumpOptions& options, const Streams& streams) {
+    Inputs inputs(streams.in);
+    const auto file = inputs.open(options.document);
+    try {
+        DumpCompiled(*file, streams.out);
+    } catch (const std::runtime_error& error) {
+        const Outcome unloadable{Outcome::Kind::unloadable, COtxValue(), error.what(), {}};
+        return report(unloadable, options.document, false, streams);
+    }
+    return exitStatus(Outcome::Kind::finished);
+}
+
+}  // namespace velkotx::host
