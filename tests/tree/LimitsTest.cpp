@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace tree_tests {
 namespace {
 
@@ -55,26 +53,31 @@ TEST(Limits, ADeepCompiledFileMeetsTheSameCheck) {
     onThread(256 * 1024, [&bytes] { EXPECT_THROW(fromCompiled(bytes), std::exception); });
 }
 
-// A compiled file with that many levels: the innermost flow of a document, repeated in place.
-std::string compiledGroups(std::size_t count) {
-    const std::string one = compiled(*load(nestedGroups(1)));
-    const std::string two = compiled(*load(nestedGroups(2)));
-    const std::string three = compiled(*load(nestedGroups(3)));
-    // From the second on each level is the same bytes, where the padding is the same.
-    const std::size_t level = three.size() - two.size();
-    const std::size_t begin = static_cast<std::size_t>(std::mismatch(one.begin(), one.end(), two.begin()).first - one.begin());
-    std::string text = two.substr(0, begin);
-    for (std::size_t i = 2; i < count; ++i) text += three.substr(begin, level);
-    return text + two.substr(begin);
+// A compiled file of groups in groups: `count` of them as the library writes them, and `eights` times eight more. Each
+// level is the same bytes in front of the innermost and a few zeros behind; eight of them leave the padding as it is.
+std::string compiledGroups(std::size_t count, std::size_t eights) {
+    const std::string made = compiled(*load(nestedGroups(count)));
+    const std::string larger = compiled(*load(nestedGroups(count + 8)));
+    const std::string begin("\x01\0\0\0\x02\0\0\0\0\0\0\0\x02\0\0\0g\0\0\0", 20);
+    const std::size_t first = made.find(begin);
+    const std::size_t level = made.find(begin, first + 1) - first;
+    const std::size_t behind = larger.size() - made.size() - 8 * level;
+    const std::size_t innermost = made.rfind(begin) + begin.size() + 16;
+    std::string text = made.substr(0, first);
+    for (std::size_t i = 0; i < 8 * eights; ++i) text += made.substr(first, level);
+    text += made.substr(first, innermost - first);
+    text.append(behind * eights, '\0');
+    return text + made.substr(innermost);
 }
 
 TEST(Limits, ACompiledFileMeetsTheLimitOfNestingToo) {
     onThread(64 * 1024 * 1024, [] {
-        ASSERT_EQ(compiledGroups(100), compiled(*load(nestedGroups(100))));
-        const std::size_t most = (schema::maximumDepth - 5) / 2;
-        EXPECT_NO_THROW(fromCompiled(compiledGroups(most)));
+        ASSERT_TRUE(compiledGroups(5, 12) == compiled(*load(nestedGroups(101))));
+        // 4,997 groups of two levels each in five others.
+        static_assert((schema::maximumDepth - 5) / 2 == 4'997);
+        EXPECT_NO_THROW(fromCompiled(compiledGroups(5, 624)));
         try {
-            fromCompiled(compiledGroups(most + 1));
+            fromCompiled(compiledGroups(6, 624));
             ADD_FAILURE() << "not refused";
         } catch (const schema::Exception& failure) {
             EXPECT_STREQ(failure.what(), "document nested more than 10000 deep");
