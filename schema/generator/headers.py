@@ -19,6 +19,7 @@ def classes(catalogue, module):
     includes = [f"<schema/{file}.h>" for file in catalogue.module_dependencies(module)]
     includes += [f"<schema/{file}-forward.h>" for file in sorted(needed | {module.file, "core"})]
     includes += [
+        "<schema/Arena.h>",
         "<schema/Enumeration.h>",
         "<schema/InternedString.h>",
         "<schema/Runtime.h>",
@@ -67,6 +68,11 @@ def base_class(catalogue, t):
 def data_class(catalogue, t):
     name = t.data_class
     lines = [f"class {name} : public {base_class(catalogue, t)} {{", "public:"]
+    if not t.base:
+        lines += [
+            "    static void* operator new(std::size_t size) { return schema::Arena::allocate(size); }",
+            "    static void operator delete(void* object) { schema::Arena::release(object); }",
+        ]
     lines += [
         f"    explicit {name}(const schema::DomElement& element, schema::flags f = 0, schema::container* owner = nullptr);",
         f"    explicit {name}(schema::InputStream& stream, schema::flags f = 0, schema::container* owner = nullptr);",

@@ -1,6 +1,7 @@
 // The root of reading and writing the compiled form, over the CDR streams.
 #include <schema/CompiledForm.h>
 
+#include <schema/Arena.h>
 #include <schema/Records.h>
 #include <schema/core.h>
 
@@ -37,6 +38,7 @@ std::vector<char> contentOf(std::istream& file) {
 std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldListener* listener) {
     ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);
     schema::InputStream stream(input, listener);
+    const schema::Arena::Use arena;
     const schema::FieldListener::Object shown(listener, typeid(Otx));
     return std::make_unique<Otx>(stream, schema::flags(0), nullptr);
 }
@@ -45,6 +47,7 @@ std::size_t writeCompiled(const Otx& document, std::ostream& out) {
     ACE_OutputCDR output(defaultSize, littleEndian, nullptr, nullptr, nullptr, copyUpTo, majorVersion, minorVersion);
     schema::OutputStream stream(output);
     schema::insertFields(stream, document, Otx::table());
+    stream.flush();
     std::size_t size = 0;
     for (const ACE_Message_Block* block = output.begin(); block != nullptr; block = block->cont()) {
         out.write(block->rd_ptr(), static_cast<std::streamsize>(block->length()));

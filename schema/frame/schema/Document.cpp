@@ -1,6 +1,7 @@
 // The root of reading a document.
 #include <schema/Document.h>
 
+#include <schema/Arena.h>
 #include <schema/DomParser.h>
 #include <schema/Holders.h>
 #include <schema/Reader.h>
@@ -24,6 +25,7 @@ std::unique_ptr<Otx> build(const xercesc::DOMElement& root, schema::flags f) {
     const std::string space = schema::narrow(root.getNamespaceURI());
     if (name != rootElement || space != rootType.space)
         throw xsd::cxx::tree::unexpected_element<char>(name, space, rootElement, rootType.space);
+    const schema::Arena::Use arena;
     schema::Reader reader;
     std::unique_ptr<schema::type> made = reader.create(root, schema::make<Otx>, rootType, f, nullptr);
     if (Otx* const document = dynamic_cast<Otx*>(made.get())) {

@@ -1,6 +1,7 @@
 // A string of the document that names a variable, procedure or parameter, with its interned key.
 #pragma once
 
+#include <schema/Arena.h>
 #include <schema/Name.h>
 #include <schema/Runtime.h>
 
@@ -8,6 +9,9 @@ namespace schema {
 
 class InternedString : public string {
 public:
+    static void* operator new(std::size_t size) { return Arena::allocate(size); }
+    static void operator delete(void* object) { Arena::release(object); }
+
     InternedString() = default;
     explicit InternedString(const std::string& text, const DomElement* element = nullptr, flags f = 0,
                             container* owner = nullptr)

@@ -5,6 +5,9 @@
 
 #include <ace/CDR_Stream.h>
 
+#include <algorithm>
+#include <bit>
+#include <cstring>
 #include <limits>
 
 namespace schema {
@@ -22,57 +25,74 @@ std::uint32_t length(std::size_t count) {
 
 }  // namespace
 
-void OutputStream::align(std::size_t size) {
-    for (; offset_ % size != 0; ++offset_) written(stream_.write_octet(0));
+OutputStream::OutputStream(ACE_OutputCDR& stream) : stream_(stream) {}
+
+template <typename T>
+void OutputStream::put(T value) {
+    const std::size_t padding = (sizeof value - (offset_ + used_) % sizeof value) % sizeof value;
+    if (used_ + padding + sizeof value > buffer_.size()) flush();
+    std::memset(buffer_.data() + used_, 0, padding);
+    used_ += padding;
+    std::array<char, sizeof value> bytes;
+    std::memcpy(bytes.data(), &value, sizeof value);
+    if constexpr (std::endian::native == std::endian::big) std::reverse(bytes.begin(), bytes.end());
+    std::memcpy(buffer_.data() + used_, bytes.data(), sizeof value);
+    used_ += sizeof value;
+}
+
+void OutputStream::put(const char* bytes, std::size_t size) {
+    if (size > buffer_.size() - used_) flush();
+    if (size <= buffer_.size()) {
+        std::memcpy(buffer_.data() + used_, bytes, size);
+        used_ += size;
+        return;
+    }
+    written(stream_.write_char_array(bytes, length(size)));
     offset_ += size;
+}
+
+void OutputStream::flush() {
+    written(used_ == 0 || stream_.write_char_array(buffer_.data(), length(used_)));
+    offset_ += used_;
+    used_ = 0;
 }
 
 void OutputStream::writeBoolean(bool value) {
-    ++offset_;
-    written(stream_.write_boolean(value));
+    put<char>(value ? 1 : 0);
 }
 
 void OutputStream::writeShort(std::int16_t value) {
-    align(2);
-    written(stream_.write_short(value));
+    put(value);
 }
 
 void OutputStream::writeUnsignedShort(std::uint16_t value) {
-    align(2);
-    written(stream_.write_ushort(value));
+    put(value);
 }
 
 void OutputStream::writeLong(std::int32_t value) {
-    align(4);
-    written(stream_.write_long(value));
+    put(value);
 }
 
 void OutputStream::writeUnsignedLong(std::uint32_t value) {
-    align(4);
-    written(stream_.write_ulong(value));
+    put(value);
 }
 
 void OutputStream::writeLongLong(std::int64_t value) {
-    align(8);
-    written(stream_.write_longlong(value));
+    put(value);
 }
 
 void OutputStream::writeDouble(double value) {
-    align(8);
-    written(stream_.write_double(value));
+    put(value);
 }
 
 void OutputStream::writeString(const std::string& value) {
-    const std::uint32_t size = length(value.size() + 1);
-    writeUnsignedLong(size);
-    written(stream_.write_char_array(value.c_str(), size));
-    offset_ += size;
+    put(length(value.size() + 1));
+    put(value.c_str(), value.size() + 1);
 }
 
 void OutputStream::writeOctets(const char* data, std::size_t size) {
-    writeUnsignedLong(length(size));
-    offset_ += size;
-    written(size == 0 || stream_.write_octet_array(reinterpret_cast<const ACE_CDR::Octet*>(data), length(size)));
+    put(length(size));
+    if (size != 0) put(data, size);
 }
 
 void OutputStream::writeCount(std::size_t count) {
@@ -87,15 +107,16 @@ OutputStream::KnownType& OutputStream::knownType(const std::type_info& identity)
     return types_.emplace(&identity, KnownType{registered, 0, 0}).first->second;
 }
 
-void OutputStream::writeType(const std::type_info& identity) {
+const RegisteredType& OutputStream::writeType(const std::type_info& identity) {
     KnownType& known = knownType(identity);
     if (known.name != 0) {
         writeUnsignedLong(known.space);
         writeUnsignedLong(known.name);
-        return;
+        return *known.type;
     }
     known.space = writePooled(known.type->name.space);
     known.name = writePooled(known.type->name.name);
+    return *known.type;
 }
 
 std::uint32_t OutputStream::writePooled(const std::string& value) {

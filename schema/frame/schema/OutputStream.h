@@ -4,6 +4,7 @@
 #include <schema/Registry.h>
 #include <schema/Runtime.h>
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -13,10 +14,12 @@ class ACE_OutputCDR;
 
 namespace schema {
 
-// Writes one file. Every operation throws the runtime's ace_cdr_stream_insertion when the stream refuses.
+// Writes one file: the bytes are gathered here and handed to the CDR stream in pieces, since its own operations leave in the
+// padding what their memory held before. Every operation throws the runtime's ace_cdr_stream_insertion when the stream
+// refuses.
 class OutputStream {
 public:
-    explicit OutputStream(ACE_OutputCDR& stream) : stream_(stream) {}
+    explicit OutputStream(ACE_OutputCDR& stream);
     OutputStream(const OutputStream&) = delete;
     OutputStream& operator=(const OutputStream&) = delete;
 
@@ -30,12 +33,14 @@ public:
     void writeString(const std::string& value);
     void writeOctets(const char* data, std::size_t size);
     void writeCount(std::size_t count);
+    // Hands over what is left; the file is whole only then.
+    void flush();
 
     // The registered type of a class. Throws no_type_info for a class that isn't registered.
     const RegisteredType& typeOf(const std::type_info& identity) { return *knownType(identity).type; }
-    // The namespace and the name of that type, each in full at its first use in the file, later only its number; the
+    // Writes the namespace and the name of that type, each in full at its first use in the file, later only its number; the
     // numbers count from 1.
-    void writeType(const std::type_info& identity);
+    const RegisteredType& writeType(const std::type_info& identity);
 
 private:
     // A class met in this file; its names' numbers are 0 until they have been written.
@@ -47,12 +52,15 @@ private:
 
     KnownType& knownType(const std::type_info& identity);
     std::uint32_t writePooled(const std::string& value);
-    // Fills up to the border of a number's size with zeros, where the stream itself would leave what its memory held,
-    // and counts the number.
-    void align(std::size_t size);
+    // A number in little-endian order, behind zeros up to a border of its size.
+    template <typename T>
+    void put(T value);
+    void put(const char* bytes, std::size_t size);
 
     ACE_OutputCDR& stream_;
-    // Bytes written so far. The stream could tell, but walks over all its blocks to know.
+    std::array<char, 4096> buffer_;
+    std::size_t used_ = 0;
+    // Bytes handed over so far.
     std::size_t offset_ = 0;
     std::map<std::string, std::uint32_t> pool_;
     // By address: the same class under another address is only looked up again.

@@ -45,7 +45,7 @@ public:
         : reader_(reader), object_(object), element_(element), flags_(f), child_(elementFrom(element.getFirstChild())) {}
 
     void parse(const ClassTable& table) {
-        if (table.base != nullptr) parse(*table.base);
+        if (table.inherited != nullptr) parse(*table.inherited);
         if (!table.elements.empty()) parseElements(table);
         if (!table.attributes.empty()) parseAttributes(table);
     }

@@ -32,7 +32,7 @@ void checkOrder(type& object, const ClassTable& table) {
 }  // namespace
 
 void insertFields(OutputStream& stream, const type& constObject, const ClassTable& table) {
-    if (table.base != nullptr) insertFields(stream, constObject, *table.base);
+    if (table.inherited != nullptr) insertFields(stream, constObject, *table.inherited);
     // The tables reach members of objects that change and of those that don't by the same function.
     type& object = const_cast<type&>(constObject);
     if (table.order != nullptr) {
@@ -48,7 +48,7 @@ void insertFields(OutputStream& stream, const type& constObject, const ClassTabl
 }
 
 void extractFields(InputStream& stream, type& object, const ClassTable& table, flags f) {
-    if (table.base != nullptr) extractFields(stream, object, *table.base, f);
+    if (table.inherited != nullptr) extractFields(stream, object, *table.inherited, f);
     FieldListener* const listener = stream.listener();
     if (table.order != nullptr) {
         if (listener != nullptr) listener->member(u"order");
@@ -71,13 +71,12 @@ void insertRecord(OutputStream& stream, const type& object, const MemberClass& o
     if (otx::stackIsLow()) throw NestedTooDeep(NestedTooDeep::Limit::stack);
     const std::type_info& identity = typeid(object);
     if (own.extract != nullptr) {
-        // Comparing the classes compares texts; that of the addresses nearly always decides.
-        const bool other = &identity != own.identity && *stream.typeOf(identity).identity != *own.identity;
+        // The same class may have several addresses, but has one table.
+        const bool other = &identity != own.identity && stream.typeOf(identity).table != &own.table();
         stream.writeBoolean(other);
         if (!other) return insertFields(stream, object, own.table());
     }
-    stream.writeType(identity);
-    stream.typeOf(identity).insert(stream, object);
+    stream.writeType(identity).insert(stream, object);
 }
 
 std::unique_ptr<type> extractRecord(InputStream& stream, const MemberClass& own, flags f, container* owner) {

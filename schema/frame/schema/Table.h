@@ -72,10 +72,19 @@ struct Attribute {
 
 struct ClassTable {
     const ClassTable* base;
+    // The nearest base that has members, null if none has.
+    const ClassTable* inherited;
     std::span<const Element> elements;
     std::span<const Attribute> attributes;
     // Where the class records the document order of its elements, else null.
     std::vector<content_order>* (*order)(type& object);
+
+    ClassTable(const ClassTable* baseTable, std::span<const Element> ownElements, std::span<const Attribute> ownAttributes,
+               std::vector<content_order>* (*ownOrder)(type&))
+        : base(baseTable), inherited(baseTable == nullptr || baseTable->hasMembers() ? baseTable : baseTable->inherited),
+          elements(ownElements), attributes(ownAttributes), order(ownOrder) {}
+
+    bool hasMembers() const { return !elements.empty() || !attributes.empty(); }
 };
 
 }  // namespace schema
