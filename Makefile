@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 # The system's own interpreter: others that stand first on the PATH may lack what the tools need.
 CMAKE_FLAGS ?= -DPython3_EXECUTABLE=/usr/bin/python3
 
-.PHONY: all demo test test-release test-asan test-tsan bench clean packages
+.PHONY: all demo test test-release test-asan test-tsan bench sweep fuzz clean packages
 
 all: build-release
 
@@ -39,6 +39,19 @@ test-tsan: build-tsan
 bench: EXTRA_PACKAGES = libbenchmark-dev lua5.4
 bench: build-bench
 	@/usr/bin/python3 bench/table.py build/bench
+
+# Every truncation and every changed byte of every example; of the documents with every type one case in SWEEP_MODULES_EVERY.
+SWEEP_MODULES_EVERY ?= 20
+sweep: build-release
+	@/usr/bin/python3 -B tests/modules/generate.py schema/catalogue build/release/tests/modules
+	@build/release/bin/otx_sweep --processes $(JOBS) examples
+	@build/release/bin/otx_sweep --processes $(JOBS) --every $(SWEEP_MODULES_EVERY) build/release/tests/modules
+
+# Each loader under the fuzzer for FUZZ_SECONDS.
+FUZZ_SECONDS ?= 60
+fuzz: EXTRA_PACKAGES = clang
+fuzz: build-fuzz
+	@/usr/bin/python3 -B fuzz/run.py build/fuzz $(FUZZ_SECONDS)
 
 clean:
 	rm -rf build

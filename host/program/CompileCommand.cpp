@@ -18,7 +18,7 @@ int compile(const CompileOptions& options, const Streams& streams) {
     if (const auto* unloadable = std::get_if<Outcome>(&loaded))
         return report(*unloadable, options.document, false, streams);
 
-    // In memory first: a file that stands there already is only replaced by a whole one.
+    // In memory first: OUT isn't touched before the whole document is there.
     std::ostringstream compiled;
     std::get<std::shared_ptr<Sequencer>>(loaded)->Save(compiled);
     writeOutput(options.output, compiled.view(), streams.out);

@@ -3,6 +3,7 @@
 
 #include "program/Inputs.h"
 #include "program/Report.h"
+#include "program/UsageError.h"
 
 #include <velkotx/DumpCompiled.h>
 
@@ -13,9 +14,10 @@ namespace velkotx::host {
 
 int dump(const DumpOptions& options, const Streams& streams) {
     Inputs inputs(streams.in);
-    const auto file = inputs.open(options.document);
     try {
-        DumpCompiled(*file, streams.out);
+        DumpCompiled(*inputs.open(options.document), streams.out);
+    } catch (const UsageError&) {
+        throw;
     } catch (const std::runtime_error& error) {
         const Outcome unloadable{Outcome::Kind::unloadable, COtxValue(), error.what(), {}};
         return report(unloadable, options.document, false, streams);

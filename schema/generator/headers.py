@@ -5,6 +5,13 @@ from cpp import OPERATIONS, holder, identifier, in_namespace, member_class, oper
 NOTE = "// Generated from the catalogue. {}\n#pragma once\n\n"
 
 
+# Objects lie in the arena of their document.
+MEMORY = (
+    "    static void* operator new(std::size_t size) { return schema::Arena::allocate(size); }\n"
+    "    static void operator delete(void* object) { schema::Arena::release(object); }"
+)
+
+
 def forward(catalogue, module):
     lines = []
     for t in module.types:
@@ -42,7 +49,7 @@ def one_class(catalogue, t):
 
 
 def simple_constructors(name):
-    return (
+    return MEMORY + "\n" + (
         f"    explicit {name}(const std::string& text, const schema::DomElement* element = nullptr,\n"
         f"        schema::flags f = 0, schema::container* owner = nullptr);\n"
         f"    explicit {name}(const schema::DomElement& element, schema::flags f = 0, schema::container* owner = nullptr);\n"
@@ -69,10 +76,7 @@ def data_class(catalogue, t):
     name = t.data_class
     lines = [f"class {name} : public {base_class(catalogue, t)} {{", "public:"]
     if not t.base:
-        lines += [
-            "    static void* operator new(std::size_t size) { return schema::Arena::allocate(size); }",
-            "    static void operator delete(void* object) { schema::Arena::release(object); }",
-        ]
+        lines.append(MEMORY)
     lines += [
         f"    explicit {name}(const schema::DomElement& element, schema::flags f = 0, schema::container* owner = nullptr);",
         f"    explicit {name}(schema::InputStream& stream, schema::flags f = 0, schema::container* owner = nullptr);",

@@ -14,7 +14,7 @@ void DumpCompiled(std::istream& file, std::ostream& out) {
     schema::FieldPrinter printer(bytes, out);
     try {
         otxns::readCompiled(bytes, &printer);
-    } catch (const schema::Exception& failure) {
+    } catch (const std::exception& failure) {
         throw std::runtime_error(std::string("VelkOTX CDR Parsing Exception: ") + failure.what());
     }
     printer.rest();

@@ -4,15 +4,19 @@
 #     # What the case is about.
 #     --- file NAME            (any number) an input file with the lines that follow
 #     --- generate NAME: RECIPE  (any number) an input file of inputs.py
+#     --- hex NAME             (any number) an input file with the bytes whose hexadecimal digits follow
+#     --- first velkotx ...    (any number) a command that has to succeed before the one that is tested
 #     --- env NAME=VALUE       (any number) a variable of the environment
-#     --- stdin                standard input
+#     --- stdin                standard input: the lines that follow
+#     --- stdin NAME           standard input: that file
 #     $ velkotx run NAME       the command; velkotx and embed are the programs under test
 #     --- status 2
 #     --- stdout
 #     --- stderr
 #     --- contents NAME        (any number) what stands in a file that the program wrote
 #
-# A case runs in an empty folder of its own, beside a link to the examples.
+# A case runs in an empty folder of its own, beside a link to the examples. Output that isn't text is compared as
+# hexadecimal digits, 16 bytes a line.
 
 import argparse
 import difflib
@@ -60,7 +64,15 @@ class Case:
         return [name.split(" ", 1)[1] for name, _ in self.expected if name.startswith("contents ")]
 
 
-def prepare(case, folder, examples):
+def run(command, programs, folder, environment, standard_input):
+    words = shlex.split(command)
+    words[0] = programs[words[0]]
+    return subprocess.run(
+        words, cwd=folder, env=environment, input=standard_input, capture_output=True, timeout=LIMIT_IN_SECONDS
+    )
+
+
+def prepare(case, folder, programs, examples):
     environment = {"PATH": os.environ["PATH"]}
     for name in os.environ:
         if name.endswith("SAN_OPTIONS"):
@@ -74,18 +86,28 @@ def prepare(case, folder, examples):
         elif kind == "generate":
             target, _, recipe = rest.partition(": ")
             (folder / target).write_text(inputs.generate(recipe))
+        elif kind == "hex":
+            (folder / rest).write_bytes(bytes.fromhex(content))
+        elif kind == "first":
+            done = run(rest, programs, folder, environment, b"")
+            if done.returncode != 0:
+                raise SystemExit(f"{case.path}: '{rest}' failed: {done.stderr.decode(errors='backslashreplace')}")
         elif kind == "env":
             variable, _, value = rest.partition("=")
             environment[variable] = value
         elif kind == "stdin":
-            standard_input = content.encode()
+            standard_input = (folder / rest).read_bytes() if rest else content.encode()
         else:
             raise SystemExit(f"{case.path}: unknown section '{name}'")
     return environment, standard_input
 
 
-def section(name, content):
+def section(name, output):
     """Sections end with a line end; a text without one says so."""
+    if b"\0" in output:
+        rows = (output[begin : begin + 16] for begin in range(0, len(output), 16))
+        return f"--- {name}\n" + "".join(f"{row.hex(' ')}\n" for row in rows)
+    content = output.decode(errors="backslashreplace")
     if content and not content.endswith("\n"):
         content += "\n--- no line end\n"
     return f"--- {name}\n{content}"
@@ -95,18 +117,14 @@ def outcome(case, programs, examples):
     """Runs a case and gives what its expectations would have to be."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        environment, standard_input = prepare(case, folder, examples)
-        words = shlex.split(case.command[2:])
-        words[0] = programs[words[0]]
-        done = subprocess.run(
-            words, cwd=folder, env=environment, input=standard_input, capture_output=True, timeout=LIMIT_IN_SECONDS
-        )
+        environment, standard_input = prepare(case, folder, programs, examples)
+        done = run(case.command[2:], programs, folder, environment, standard_input)
         text = f"--- status {done.returncode}\n"
-        text += section("stdout", done.stdout.decode(errors="backslashreplace"))
-        text += section("stderr", done.stderr.decode(errors="backslashreplace"))
+        text += section("stdout", done.stdout)
+        text += section("stderr", done.stderr)
         for written in case.written_files():
             path = folder / written
-            text += section(f"contents {written}", path.read_text() if path.exists() else "(missing)\n")
+            text += section(f"contents {written}", path.read_bytes() if path.exists() else b"(missing)\n")
         return text
 
 

@@ -2,12 +2,14 @@
 #include <schema/DomParser.h>
 
 #include <schema/Limits.h>
+#include <schema/Text.h>
 
 #include <xsd/cxx/tree/error-handler.hxx>
 #include <xsd/cxx/xml/dom/bits/error-handler-proxy.hxx>
 #include <xsd/cxx/xml/sax/std-input-source.hxx>
 
 #include <xercesc/dom/DOMConfiguration.hpp>
+#include <xercesc/dom/DOMException.hpp>
 #include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMImplementationLS.hpp>
 #include <xercesc/dom/DOMImplementationRegistry.hpp>
@@ -60,6 +62,16 @@ public:
     void doctypeDecl(const xercesc::DTDElementDecl&, const XMLCh* const, const XMLCh* const, const bool,
                      const bool) override {
         refuse("a document type declaration is not allowed");
+    }
+
+    // An XML version that doesn't exist ends in the DOM instead of the diagnostics.
+    void XMLDecl(const XMLCh* const version, const XMLCh* const encoding, const XMLCh* const standalone,
+                 const XMLCh* const actualEncoding) override {
+        try {
+            DOMLSParserImpl::XMLDecl(version, encoding, standalone, actualEncoding);
+        } catch (const xercesc::DOMException& failure) {
+            refuse(narrow(failure.getMessage()));
+        }
     }
 
 private:

@@ -99,7 +99,7 @@ void OutputStream::writeCount(std::size_t count) {
     writeUnsignedLong(length(count));
 }
 
-OutputStream::KnownType& OutputStream::knownType(const std::type_info& identity) {
+OutputStream::KnownType& OutputStream::findKnownType(const std::type_info& identity) {
     const auto known = types_.find(&identity);
     if (known != types_.end()) return known->second;
     const RegisteredType* const registered = findType(identity);

@@ -50,7 +50,13 @@ private:
         std::uint32_t name;
     };
 
-    KnownType& knownType(const std::type_info& identity);
+    KnownType& knownType(const std::type_info& identity) {
+        const auto slot = (reinterpret_cast<std::uintptr_t>(&identity) / alignof(std::type_info)) % recent_.size();
+        Recent& recent = recent_[slot];
+        if (recent.identity != &identity) recent = {&identity, &findKnownType(identity)};
+        return *recent.type;
+    }
+    KnownType& findKnownType(const std::type_info& identity);
     std::uint32_t writePooled(const std::string& value);
     // A number in little-endian order, behind zeros up to a border of its size.
     template <typename T>
@@ -65,6 +71,12 @@ private:
     std::map<std::string, std::uint32_t> pool_;
     // By address: the same class under another address is only looked up again.
     std::unordered_map<const std::type_info*, KnownType> types_;
+    // Those met last, by a part of the address.
+    struct Recent {
+        const std::type_info* identity = nullptr;
+        KnownType* type = nullptr;
+    };
+    std::array<Recent, 256> recent_{};
 };
 
 }  // namespace schema

@@ -1,0 +1,67 @@
+#!/usr/bin/env python3
+"""Runs each fuzz target for a time and keeps what it finds: run.py BUILD SECONDS [TARGET...].
+
+BUILD is the folder of the fuzz build. Findings become files of regressions/TARGET; a target ends at its first one.
+"""
+
+import pathlib
+import re
+import subprocess
+import sys
+
+import dictionary
+import seeds
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parent
+CATALOGUE = ROOT / "schema" / "catalogue"
+LONGEST_INPUT = 65536
+# Reading the compiled form may allocate 1 MB and 16 times the input at once.
+LIMITS = {"fuzz_xml": [], "fuzz_compiled": [f"-malloc_limit_mb={1 + 16 * LONGEST_INPUT // (1 << 20)}"]}
+FORMS = {"fuzz_xml": "xml", "fuzz_compiled": "compiled"}
+
+
+def files(folder):
+    return {path.name for path in folder.iterdir()}
+
+
+def run(build, target, seconds):
+    """The number of runs, and the new findings."""
+    work = build / "fuzz"
+    corpus, log = work / "corpus" / target, work / f"{target}.log"
+    corpus.mkdir(parents=True, exist_ok=True)
+    words = work / f"{target}.dict"
+    words.write_text(dictionary.dictionary(CATALOGUE, FORMS[target]), encoding="utf-8")
+    findings = HERE / "regressions" / target
+    findings.mkdir(parents=True, exist_ok=True)
+    before = files(findings)
+    command = [str(build / "bin" / target), f"-max_total_time={seconds}", f"-max_len={LONGEST_INPUT}", f"-dict={words}",
+               f"-artifact_prefix={findings}/", "-timeout=25", "-print_final_stats=1", *LIMITS[target],
+               str(corpus), str(work / "seeds" / target), str(findings)]
+    with log.open("wb") as output:
+        status = subprocess.run(command, stdout=output, stderr=subprocess.STDOUT).returncode
+    text = log.read_text(encoding="utf-8", errors="replace")
+    runs = re.search(r"stat::number_of_executed_units:\s*(\d+)", text)
+    found = sorted(files(findings) - before)
+    print(f"{target}: {runs.group(1) if runs else 0} runs, {len(found)} findings", flush=True)
+    for name in found:
+        print(f"  {findings.relative_to(ROOT) / name}")
+    if status != 0 or not runs:
+        print(f"  ended with status {status}, see {log}")
+    return status == 0 and not found and runs is not None
+
+
+def main():
+    if len(sys.argv) < 3:
+        sys.exit(__doc__)
+    build, seconds = pathlib.Path(sys.argv[1]).resolve(), int(sys.argv[2])
+    modules = build / "fuzz" / "modules"
+    subprocess.run([sys.executable, "-B", str(ROOT / "tests" / "modules" / "generate.py"), str(CATALOGUE), str(modules)],
+                   check=True)
+    seeds.make(build / "bin" / "velkotx", build / "fuzz" / "seeds", [ROOT / "examples", modules])
+    passed = [run(build, target, seconds) for target in sys.argv[3:] or FORMS]
+    sys.exit(0 if all(passed) else 1)
+
+
+if __name__ == "__main__":
+    main()
