@@ -13,6 +13,7 @@ HERE = pathlib.Path(__file__).parent
 ROUNDS = 7
 # Program: n of the run, and the highest ratio to python3 that is meant to be reached.
 PROGRAMS = {"loop": (300_000, 5.0), "call": (200_000, 6.0), "list": (200_000, 5.0), "fib": (22, 10.0)}
+COMPILED_SIZES = (1, 10)  # megabytes of the XML that was compiled
 LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
 
 
@@ -61,6 +62,13 @@ def load(build):
         mine = runs[f"loadWhole/{size}_median"]["cpu_time"]
         bare = runs[f"parseOnly/{size}_median"]["cpu_time"]
         print(f"{f'{size} MB':10} {mine:9.2f} {bare:9.2f} {mine / bare:6.2f} {goal:6.2f}")
+    print(f"\n{'compiled':10} {'load ms':>9} {'of XML':>9} {'goal':>6} {'MB/s':>6} {'goal':>6} {'save MB/s':>10} {'goal':>6}")
+    for size in COMPILED_SIZES:
+        read = runs[f"loadCompiled/{size}_median"]
+        saved = runs[f"saveCompiled/{size}_median"]["bytes_per_second"] / 1e6
+        ratio = runs[f"loadWhole/{size}_median"]["cpu_time"] / read["cpu_time"]
+        speed = read["bytes_per_second"] / 1e6
+        print(f"{f'{size} MB':10} {read['cpu_time']:9.2f} {ratio:9.1f} {12:6} {speed:6.0f} {250:6} {saved:10.0f} {700:6}")
 
 
 def values(build):
