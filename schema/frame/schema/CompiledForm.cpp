@@ -2,6 +2,7 @@
 #include <schema/CompiledForm.h>
 
 #include <schema/Arena.h>
+#include <schema/Name.h>
 #include <schema/Records.h>
 #include <schema/core.h>
 
@@ -39,6 +40,7 @@ std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldList
     ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);
     schema::InputStream stream(input, listener);
     const schema::Arena::Use arena;
+    const Name::Memory names;
     const schema::FieldListener::Object shown(listener, typeid(Otx));
     return std::make_unique<Otx>(stream, schema::flags(0), nullptr);
 }

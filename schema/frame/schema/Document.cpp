@@ -3,6 +3,7 @@
 
 #include <schema/Arena.h>
 #include <schema/DomParser.h>
+#include <schema/Name.h>
 #include <schema/Holders.h>
 #include <schema/Reader.h>
 #include <schema/Text.h>
@@ -26,6 +27,7 @@ std::unique_ptr<Otx> build(const xercesc::DOMElement& root, schema::flags f) {
     if (name != rootElement || space != rootType.space)
         throw xsd::cxx::tree::unexpected_element<char>(name, space, rootElement, rootType.space);
     const schema::Arena::Use arena;
+    const Name::Memory names;
     schema::Reader reader;
     std::unique_ptr<schema::type> made = reader.create(root, schema::make<Otx>, rootType, f, nullptr);
     if (Otx* const document = dynamic_cast<Otx*>(made.get())) {

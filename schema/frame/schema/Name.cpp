@@ -24,15 +24,40 @@ public:
         return *table;
     }
 
-    Shard& shardOf(std::string_view text) { return shards_[std::hash<std::string_view>{}(text) % shards_.size()]; }
+    Shard& shardOf(std::size_t hash) { return shards_[hash % shards_.size()]; }
+    Shard& shardOf(std::string_view text) { return shardOf(std::hash<std::string_view>{}(text)); }
 
 private:
     std::array<Shard, 16> shards_;
 };
 
+namespace {
+
+constexpr std::size_t remembered = 256;
+
+}  // namespace
+
+constinit thread_local Name::Memory* Name::Memory::current = nullptr;
+
+Name::Memory::Memory() : outer_(std::exchange(current, this)), recent_(new Name[remembered]) {}
+
+Name::Memory::~Memory() {
+    current = outer_;
+}
+
 Name::Entry* Name::intern(std::string_view text) {
     if (text.empty()) return nullptr;
-    auto& shard = NameTable::instance().shardOf(text);
+    const std::size_t hash = std::hash<std::string_view>{}(text);
+    if (Memory::current == nullptr) return internIn(hash, text);
+    // By other bits than those that choose the shard.
+    Name& recent = Memory::current->recent_[hash / 16 % remembered];
+    if (recent.entry_ == nullptr || recent.entry_->text != text) recent = Name(internIn(hash, text));
+    recent.acquire();
+    return recent.entry_;
+}
+
+Name::Entry* Name::internIn(std::size_t hash, std::string_view text) {
+    auto& shard = NameTable::instance().shardOf(hash);
     const std::lock_guard guard(shard.tableLock);
     if (const auto found = shard.entries.find(text); found != shard.entries.end()) {
         found->second->references.fetch_add(1, std::memory_order_relaxed);

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,22 @@ public:
 
     friend bool operator==(const Name& left, const Name& right) noexcept { return left.entry_ == right.entry_; }
 
+    // Remembers the names that the calling thread interns, as long as this lives: documents use the same few over and
+    // over. One at a time counts.
+    class Memory {
+    public:
+        Memory();
+        ~Memory();
+        Memory(const Memory&) = delete;
+        Memory& operator=(const Memory&) = delete;
+
+    private:
+        friend class Name;
+        static constinit thread_local Memory* current __attribute__((tls_model("initial-exec")));
+        Memory* const outer_;
+        std::unique_ptr<Name[]> recent_;
+    };
+
     // For tables keyed by identity.
     const void* identity() const noexcept { return entry_; }
 
@@ -46,6 +63,7 @@ private:
 
     explicit Name(Entry* entry) noexcept : entry_(entry) {}
     static Entry* intern(std::string_view text);
+    static Entry* internIn(std::size_t hash, std::string_view text);
     static void discard(Entry* entry) noexcept;
     static const std::string& emptyText() noexcept;
 

@@ -5,8 +5,6 @@
 
 #include <ace/CDR_Stream.h>
 
-#include <algorithm>
-#include <bit>
 #include <cstring>
 #include <limits>
 
@@ -27,19 +25,6 @@ std::uint32_t length(std::size_t count) {
 
 OutputStream::OutputStream(ACE_OutputCDR& stream) : stream_(stream) {}
 
-template <typename T>
-void OutputStream::put(T value) {
-    const std::size_t padding = (sizeof value - (offset_ + used_) % sizeof value) % sizeof value;
-    if (used_ + padding + sizeof value > buffer_.size()) flush();
-    std::memset(buffer_.data() + used_, 0, padding);
-    used_ += padding;
-    std::array<char, sizeof value> bytes;
-    std::memcpy(bytes.data(), &value, sizeof value);
-    if constexpr (std::endian::native == std::endian::big) std::reverse(bytes.begin(), bytes.end());
-    std::memcpy(buffer_.data() + used_, bytes.data(), sizeof value);
-    used_ += sizeof value;
-}
-
 void OutputStream::put(const char* bytes, std::size_t size) {
     if (size > buffer_.size() - used_) flush();
     if (size <= buffer_.size()) {
@@ -57,10 +42,6 @@ void OutputStream::flush() {
     used_ = 0;
 }
 
-void OutputStream::writeBoolean(bool value) {
-    put<char>(value ? 1 : 0);
-}
-
 void OutputStream::writeShort(std::int16_t value) {
     put(value);
 }
@@ -70,10 +51,6 @@ void OutputStream::writeUnsignedShort(std::uint16_t value) {
 }
 
 void OutputStream::writeLong(std::int32_t value) {
-    put(value);
-}
-
-void OutputStream::writeUnsignedLong(std::uint32_t value) {
     put(value);
 }
 

@@ -4,8 +4,11 @@
 #include <schema/Registry.h>
 #include <schema/Runtime.h>
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -23,11 +26,11 @@ public:
     OutputStream(const OutputStream&) = delete;
     OutputStream& operator=(const OutputStream&) = delete;
 
-    void writeBoolean(bool value);
+    void writeBoolean(bool value) { put<char>(value ? 1 : 0); }
     void writeShort(std::int16_t value);
     void writeUnsignedShort(std::uint16_t value);
     void writeLong(std::int32_t value);
-    void writeUnsignedLong(std::uint32_t value);
+    void writeUnsignedLong(std::uint32_t value) { put(value); }
     void writeLongLong(std::int64_t value);
     void writeDouble(double value);
     void writeString(const std::string& value);
@@ -78,5 +81,18 @@ private:
     };
     std::array<Recent, 256> recent_{};
 };
+
+template <typename T>
+void OutputStream::put(T value) {
+    const std::size_t padding = (sizeof value - (offset_ + used_) % sizeof value) % sizeof value;
+    if (used_ + padding + sizeof value > buffer_.size()) flush();
+    std::memset(buffer_.data() + used_, 0, padding);
+    used_ += padding;
+    std::array<char, sizeof value> bytes;
+    std::memcpy(bytes.data(), &value, sizeof value);
+    if constexpr (std::endian::native == std::endian::big) std::reverse(bytes.begin(), bytes.end());
+    std::memcpy(buffer_.data() + used_, bytes.data(), sizeof value);
+    used_ += sizeof value;
+}
 
 }  // namespace schema
