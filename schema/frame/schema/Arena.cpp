@@ -1,6 +1,8 @@
 // Gives out memory from blocks; in front of each object stands whose it is.
 #include <schema/Arena.h>
 
+#include <otx/value/Pool.h>
+
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -18,11 +20,8 @@ constexpr std::size_t ownerSize = sizeof(void*);
 constexpr std::size_t heapOffset = 16;
 static_assert(ownerSize <= border && heapOffset >= ownerSize + border);
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool inUse = false;
-#else
-constexpr bool inUse = true;
-#endif
+// As with the memory of values: sanitizers see every block.
+constexpr bool inUse = OTX_POOL_PASSES_THROUGH == 0;
 
 void* markOwner(std::byte* object, void* owner) {
     std::memcpy(object - ownerSize, &owner, ownerSize);

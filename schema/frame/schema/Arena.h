@@ -9,8 +9,8 @@ namespace schema {
 
 // Objects that are made while a thread reads a document lie in the arena of that reading; all others, such as clones, on
 // the heap. The arena lives until the reading has ended and the last of its objects is destroyed. A document's objects are
-// destroyed by one thread at a time. In a build with the address sanitizer all objects lie on the heap, where each is
-// watched.
+// destroyed by one thread at a time. In a build with a sanitizer that the pools of values pass through, all objects lie
+// on the heap, where each is watched.
 class Arena {
 public:
     // Makes an arena for the calling thread's reading, as long as this lives.

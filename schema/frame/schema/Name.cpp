@@ -39,7 +39,9 @@ constexpr std::size_t remembered = 256;
 
 constinit thread_local Name::Memory* Name::Memory::current = nullptr;
 
-Name::Memory::Memory() : outer_(std::exchange(current, this)), recent_(new Name[remembered]) {}
+Name::Memory::Memory() : outer_(current), recent_(new Name[remembered]) {
+    current = this;
+}
 
 Name::Memory::~Memory() {
     current = outer_;
