@@ -21,7 +21,7 @@ def definitions(catalogue, module, types):
     text += "".join(f"#include <schema/{file}.h>\n" for file in sorted(needed))
     # The classes' operations return and take values of the value library.
     text += "#include <schema/Holders.h>\n#include <schema/Reader.h>\n#include <schema/Registry.h>\n#include <schema/names.h>\n\n"
-    text += "#include <otx/value/COtxValue.h>\n\n"
+    text += "#include <otx/value/COtxValue.h>\n\n#include <cstddef>\n\n"
     text += in_namespace(module, "\n".join(one_class(catalogue, t) for t in types))
     return text + registration(catalogue, module, types)
 
@@ -112,7 +112,7 @@ def table(catalogue, t):
 
 
 def at(t, m):
-    return f"[](schema::type& object) -> void* {{ return &static_cast<{t.data_class}&>(object).{m.spelled}_member; }}"
+    return f"offsetof({t.data_class}, {m.spelled}_member)"
 
 
 def element_row(catalogue, t, m):

@@ -4,7 +4,9 @@
 #include <otx/value/Pool.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <mutex>
 #include <new>
 #include <utility>
 
@@ -34,7 +36,51 @@ void* ownerOf(const std::byte* object) {
     return owner;
 }
 
+using Memory = std::unique_ptr<std::byte[]>;
+
+// Not cleared: an object initialises what it uses.
+Memory newBlock(std::size_t size) {
+    return Memory(new std::byte[size]);
+}
+
+// Blocks of arenas that are gone, for the next document: memory that the system has to clear anew costs as much as a good
+// part of the loading.
+class SpareBlocks {
+public:
+    static constexpr std::size_t size = 512 * 1024;
+    static constexpr std::size_t kept = 32;
+
+    // Never destroyed: documents may be given back while the process ends.
+    static SpareBlocks& ofProcess() {
+        static auto& made = *new SpareBlocks;
+        return made;
+    }
+
+    Memory take() {
+        {
+            const std::lock_guard lock(mutex_);
+            if (count_ > 0) return std::move(blocks_[--count_]);
+        }
+        return newBlock(size);
+    }
+
+    void give(Memory block) noexcept {
+        const std::lock_guard lock(mutex_);
+        if (count_ < kept) blocks_[count_++] = std::move(block);
+    }
+
+private:
+    std::mutex mutex_;
+    std::array<Memory, kept> blocks_;
+    std::size_t count_ = 0;
+};
+
 }  // namespace
+
+Arena::~Arena() {
+    for (Block& block : blocks_)
+        if (block.length == SpareBlocks::size) SpareBlocks::ofProcess().give(std::move(block.memory));
+}
 
 Arena::Use::Use() : outer_(static_cast<Arena*>(currentArena)) {
     currentArena = inUse ? new Arena : nullptr;
@@ -58,13 +104,10 @@ void* Arena::take(std::size_t size) {
     const std::size_t whole = (size + border - 1) / border * border + ownerSize;
     if (whole > left_) {
         constexpr std::size_t smallest = 16 * 1024;
-        constexpr std::size_t largest = 512 * 1024;
-        const std::size_t grown = std::min(largest, smallest << std::min<std::size_t>(blocks_.size(), 5));
-        const std::size_t block = std::max(whole, grown);
-        // Not cleared: an object initialises what it uses.
-        blocks_.push_back(std::unique_ptr<std::byte[]>(new std::byte[block]));
-        next_ = blocks_.back().get();
-        left_ = block;
+        const std::size_t grown = std::min(SpareBlocks::size, smallest << std::min<std::size_t>(blocks_.size(), 5));
+        left_ = std::max(whole, grown);
+        blocks_.push_back({left_ == SpareBlocks::size ? SpareBlocks::ofProcess().take() : newBlock(left_), left_});
+        next_ = blocks_.back().memory.get();
     }
     std::byte* const object = next_ + ownerSize;
     next_ += whole;

@@ -2,6 +2,7 @@
 #include <schema/CompiledForm.h>
 
 #include <schema/Arena.h>
+#include <schema/CdrInput.h>
 #include <schema/Name.h>
 #include <schema/Records.h>
 #include <schema/core.h>
@@ -37,7 +38,7 @@ std::vector<char> contentOf(std::istream& file) {
 }
 
 std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldListener* listener) {
-    ACE_InputCDR input(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion);
+    schema::CdrInput input(bytes);
     schema::InputStream stream(input, listener);
     const schema::Arena::Use arena;
     const Name::Memory names;

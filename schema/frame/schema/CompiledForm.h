@@ -14,10 +14,10 @@ namespace otxns {
 
 class Otx;
 
-// The whole of a stream in one piece of memory, which begins where a compiled file has to.
+// The whole of a stream in one piece of memory.
 std::vector<char> contentOf(std::istream& file);
 
-// Builds the tree from the bytes of a file, which must begin at an address divisible by 8.
+// Builds the tree from the bytes of a file.
 // Throws the tree runtime's exceptions: ace_cdr_stream_extraction for bytes that don't hold a document, no_type_info,
 // not_derived; NestedTooDeep. A listener sees each field as it is read.
 std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldListener* listener = nullptr);

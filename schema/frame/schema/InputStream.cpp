@@ -1,6 +1,7 @@
 // Reads the primitives of the compiled form over the CDR stream.
 #include <schema/InputStream.h>
 
+#include <schema/CdrInput.h>
 #include <schema/DocumentOwner.h>
 #include <schema/Limits.h>
 
@@ -8,9 +9,11 @@
 
 #include <xsd/cxx/tree/ace-cdr-stream-extraction.hxx>
 
-#include <ace/CDR_Stream.h>
-
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
+#include <cstring>
 #include <string>
 #include <type_traits>
 
@@ -34,7 +37,7 @@ std::string textOf(T value) {
 
 }  // namespace
 
-InputStream::InputStream(ACE_InputCDR& stream, FieldListener* listener)
+InputStream::InputStream(CdrInput& stream, FieldListener* listener)
     : stream_(stream), begin_(stream.rd_ptr()), listener_(listener) {}
 
 InputStream::Level::Level(InputStream& stream) : stream_(stream) {
@@ -48,47 +51,55 @@ std::size_t InputStream::offset() const {
     return static_cast<std::size_t>(stream_.rd_ptr() - begin_);
 }
 
-template <typename T, typename Stored>
-T InputStream::number(bool (ACE_InputCDR::*read)(Stored&), const char* role) {
-    const std::size_t begin = listener_ != nullptr ? offset() : 0;
-    Stored value{};
-    extracted((stream_.*read)(value));
-    if (listener_ != nullptr)
-        listener_->field({begin, offset() - sizeof value, offset(), role, textOf(static_cast<T>(value))});
-    return static_cast<T>(value);
+template <typename Stored, typename T>
+T InputStream::number(const char* role) {
+    const std::size_t begin = offset();
+    const std::size_t padding = (sizeof(Stored) - begin % sizeof(Stored)) % sizeof(Stored);
+    const char* const place = stream_.take(padding + sizeof(Stored));
+    extracted(place != nullptr);
+    std::array<char, sizeof(Stored)> bytes;
+    std::memcpy(bytes.data(), place + padding, bytes.size());
+    if constexpr (std::endian::native == std::endian::big) std::reverse(bytes.begin(), bytes.end());
+    T value;
+    if constexpr (std::is_same_v<T, bool>)
+        value = bytes[0] != 0;
+    else
+        value = std::bit_cast<T>(bytes);
+    if (listener_ != nullptr) listener_->field({begin, begin + padding, offset(), role, textOf(value)});
+    return value;
 }
 
 bool InputStream::readBoolean(const char* role) {
-    return number<bool>(&ACE_InputCDR::read_boolean, role);
+    return number<char, bool>(role);
 }
 
 std::int16_t InputStream::readShort(const char* role) {
-    return number<std::int16_t>(&ACE_InputCDR::read_short, role);
+    return number<std::int16_t>(role);
 }
 
 std::uint16_t InputStream::readUnsignedShort(const char* role) {
-    return number<std::uint16_t>(&ACE_InputCDR::read_ushort, role);
+    return number<std::uint16_t>(role);
 }
 
 std::int32_t InputStream::readLong(const char* role) {
-    return number<std::int32_t>(&ACE_InputCDR::read_long, role);
+    return number<std::int32_t>(role);
 }
 
 std::uint32_t InputStream::readUnsignedLong(const char* role) {
-    return number<std::uint32_t>(&ACE_InputCDR::read_ulong, role);
+    return number<std::uint32_t>(role);
 }
 
 std::int64_t InputStream::readLongLong() {
-    return number<std::int64_t>(&ACE_InputCDR::read_longlong, "");
+    return number<std::int64_t>("");
 }
 
 double InputStream::readDouble(const char* role) {
-    return number<double>(&ACE_InputCDR::read_double, role);
+    return number<double>(role);
 }
 
 std::string_view InputStream::bytes(std::size_t size) {
-    const char* const begin = stream_.rd_ptr();
-    extracted(stream_.skip_bytes(size));
+    const char* const begin = stream_.take(size);
+    extracted(begin != nullptr);
     return {begin, size};
 }
 

@@ -9,16 +9,15 @@
 #include <string_view>
 #include <vector>
 
-class ACE_InputCDR;
-
 namespace schema {
 
-// Reads one file, which must begin at an address divisible by 8, since the CDR stream aligns by address. Every operation
-// throws the runtime's ace_cdr_stream_extraction when the bytes don't hold what is asked for; no length is believed
-// before it is compared with the bytes that are left.
+class CdrInput;
+
+// Reads one file; alignment counts from its first byte. Every operation throws the runtime's ace_cdr_stream_extraction when
+// the bytes don't hold what is asked for; no length is believed before it is compared with the bytes that are left.
 class InputStream {
 public:
-    explicit InputStream(ACE_InputCDR& stream, FieldListener* listener = nullptr);
+    explicit InputStream(CdrInput& stream, FieldListener* listener = nullptr);
     InputStream(const InputStream&) = delete;
     InputStream& operator=(const InputStream&) = delete;
 
@@ -59,13 +58,14 @@ private:
         std::uint32_t space = 0;
     };
 
-    template <typename T, typename Stored>
-    T number(bool (ACE_InputCDR::*read)(Stored&), const char* role);
+    // A number in little-endian order, behind what fills up to a border of its size.
+    template <typename Stored, typename T = Stored>
+    T number(const char* role);
     std::string_view bytes(std::size_t size);
     std::size_t offset() const;
     std::uint32_t readPooled(const char* role);
 
-    ACE_InputCDR& stream_;
+    CdrInput& stream_;
     const char* const begin_;
     FieldListener* const listener_;
     std::size_t depth_ = 1;

@@ -54,8 +54,9 @@ private:
     };
 
     KnownType& knownType(const std::type_info& identity) {
-        const auto slot = (reinterpret_cast<std::uintptr_t>(&identity) / alignof(std::type_info)) % recent_.size();
-        Recent& recent = recent_[slot];
+        constexpr std::uint64_t spread = 0x9E3779B97F4A7C15;
+        const std::uint64_t hash = reinterpret_cast<std::uintptr_t>(&identity) * spread;
+        Recent& recent = recent_[hash >> (64 - std::bit_width(recentCount - 1))];
         if (recent.identity != &identity) recent = {&identity, &findKnownType(identity)};
         return *recent.type;
     }
@@ -79,7 +80,8 @@ private:
         const std::type_info* identity = nullptr;
         KnownType* type = nullptr;
     };
-    std::array<Recent, 256> recent_{};
+    static constexpr std::size_t recentCount = 512;
+    std::array<Recent, recentCount> recent_{};
 };
 
 template <typename T>

@@ -3,6 +3,7 @@
 
 #include <schema/Runtime.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -43,10 +44,13 @@ struct Element {
     NamespaceId space;
     // Position of the substitution group that this element heads, 0 for none.
     std::uint8_t substitution;
-    void* (*holder)(type& object);
+    // Where in the object its holder lies, in bytes from the object's beginning.
+    std::size_t offset;
     const ElementHolder* operations;
     TypeName memberType;
     Factory factory;
+
+    void* holder(type& object) const { return reinterpret_cast<std::byte*>(&object) + offset; }
 };
 
 enum class Presence : std::uint8_t { required, optional, defaulted };
@@ -64,10 +68,12 @@ struct Attribute {
     // 0 for an attribute without a namespace, as nearly all are; those of one class are alike.
     NamespaceId space;
     Presence presence;
-    void* (*holder)(type& object);
+    std::size_t offset;
     const AttributeHolder* operations;
     // Fills the holder with a clone of the attribute's static default.
     void (*setDefault)(void* holder, container* owner);
+
+    void* holder(type& object) const { return reinterpret_cast<std::byte*>(&object) + offset; }
 };
 
 struct ClassTable {

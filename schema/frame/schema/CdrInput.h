@@ -1,0 +1,32 @@
+// The CDR stream that a compiled file is read from.
+#pragma once
+
+#include <ace/CDR_Stream.h>
+
+#include <cstddef>
+#include <span>
+
+namespace schema {
+
+// The library's stream, which lets its reader step over bytes without a call: nearly all that a file holds is numbers of one
+// or four bytes.
+class CdrInput : public ACE_InputCDR {
+public:
+    explicit CdrInput(std::span<const char> bytes)
+        : ACE_InputCDR(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion) {}
+
+    // The next bytes, stepped over; null if fewer are left.
+    const char* take(std::size_t size) {
+        if (size > start_.length()) return nullptr;
+        const char* const bytes = start_.rd_ptr();
+        start_.rd_ptr(size);
+        return bytes;
+    }
+
+private:
+    static constexpr int littleEndian = 1;
+    static constexpr ACE_CDR::Octet majorVersion = 1;
+    static constexpr ACE_CDR::Octet minorVersion = 2;
+};
+
+}  // namespace schema
