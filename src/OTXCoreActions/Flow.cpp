@@ -14,6 +14,7 @@ FlowExit runNode(const Node& node, OtxContext& context) {
     if (const auto* const branch = exactly<Branch>(node)) return run(*branch, context);
     if (const auto* const loop = exactly<Loop>(node)) return run(*loop, context);
     if (const auto* const group = exactly<Group>(node)) return run(*group, context);
+    if (const auto* const group = exactly<MutexGroup>(node)) return run(*group, context);
     if (const auto* const handler = exactly<Handler>(node)) return run(*handler, context);
     node.exec(context);
     return {};

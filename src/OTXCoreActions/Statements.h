@@ -11,6 +11,7 @@ namespace otxns {
 // Each is the whole behaviour of its class; exec() is run(...).raise().
 FlowExit run(const Flow& flow, OtxContext& context);
 FlowExit run(const Branch& branch, OtxContext& context);
+FlowExit run(const MutexGroup& group, OtxContext& context);
 FlowExit run(const Group& group, OtxContext& context);
 FlowExit run(const Handler& handler, OtxContext& context);
 FlowExit run(const Loop& loop, OtxContext& context);
