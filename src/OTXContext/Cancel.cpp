@@ -23,6 +23,7 @@ void OtxContext::markCancelled() {
     for (auto& [thread, flow] : flows) {
         const std::lock_guard own(flow.lock);
         flow.state = FlowState::cancelled;
+        flow.runCancelled = true;
         ++flow.resumes;
         flow.wake.notify_all();
     }

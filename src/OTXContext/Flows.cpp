@@ -13,9 +13,11 @@ void OtxContext::BeginFlow(FlowState state, std::thread::id parent) {
     const unsigned id = nextFlowId++;
     const auto thread = std::this_thread::get_id();
     // The record of a run that ended in an exception stays, with its old number.
-    const auto entry = flows.try_emplace(thread, id, state).first;
-    recent = {serial_, &entry->second};
-    SetFlowState(state, thread);
+    OtxFlow& flow = flows.try_emplace(thread, id, state).first->second;
+    recent = {serial_, &flow};
+    const auto begun = flows.find(parent);
+    flow.runCancelled = begun != flows.end() && begun->second.runCancelled;
+    SetFlowState(flow.runCancelled ? FlowState::cancelled : state, thread);
 }
 
 void OtxContext::EndFlow(std::thread::id thread) {

@@ -85,7 +85,8 @@ public:
     // The text of a translation key; the key itself if there is none.
     COtxValue Translate(const COtxValue& key) const;
 
-    // Makes the calling thread a flow. A record that an earlier run of the thread left keeps its number.
+    // Makes the calling thread a flow. A record that an earlier run of the thread left keeps its number. The flow of a
+    // parent that CancelAll has reached meanwhile begins as cancelled.
     void BeginFlow(FlowState state, std::thread::id parent = {});
     // The thread is the calling one.
     void EndFlow(std::thread::id thread);
@@ -95,6 +96,8 @@ public:
     void SetFlowState(FlowState state, std::thread::id thread);
     // Cancels all flows, closes all screens and all event sources of the run.
     void CancelAll();
+    // Whether CancelAll has reached the calling thread's flow.
+    bool IsCancelled() { return ownFlow(std::this_thread::get_id()).runCancelled; }
 
     // The places where a flow stops, steps, is cancelled or receives an injected exception. The thread is the calling
     // one.

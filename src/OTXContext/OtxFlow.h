@@ -32,6 +32,8 @@ struct OtxFlow {
     // The node about to run. Written by the flow's thread only.
     std::atomic<const Node*> node{nullptr};
     std::atomic<FlowState> state;
+    // The whole run was cancelled while this was one of its flows. Unlike `state`, no later command takes it back.
+    std::atomic<bool> runCancelled{false};
     COtxValue pending;
     // 1 from the decision to stop until the flow goes on, else 0.
     int stopped = 0;

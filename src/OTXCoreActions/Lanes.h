@@ -26,12 +26,16 @@ public:
     void raise() const;
 
 private:
-    class Membership;
+    class Begun;
 
+    void begin();
+    void end();
     // False when the lanes are given up.
     bool waitForAll();
     void cancelOthers();
     void cancelSequence();
+    void cancelSequence(const std::exception& failure);
+    void runFlow(const Flow& lane);
 
     OtxContext& context_;
     const std::string name_;  // the node's class, as the trace shows it
@@ -42,6 +46,8 @@ private:
     // Guards what follows; taken before the locks of the context.
     std::mutex lock_;
     std::condition_variable allStarted_;
+    std::size_t startedCount_ = 0;
+    // Those that run: the number of a thread that has ended may come back as that of a stranger.
     std::vector<std::thread::id> threads_;
     bool abandoned_ = false;
     std::exception_ptr returned_;

@@ -12,13 +12,15 @@ namespace otxns {
 
 namespace {
 
-// The threads that start meanwhile take no signals: those are for the host's own threads.
+// The threads that start meanwhile take no asynchronous signals: those are for the host's own threads. Those of a fault go
+// to the thread that made it.
 class SignalsBlocked {
 public:
     SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
+        sigset_t asynchronous;
+        sigfillset(&asynchronous);
+        for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGSYS, SIGABRT}) sigdelset(&asynchronous, fault);
+        pthread_sigmask(SIG_BLOCK, &asynchronous, &before_);
     }
     ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
     SignalsBlocked(const SignalsBlocked&) = delete;
@@ -28,18 +30,18 @@ private:
     sigset_t before_;
 };
 
-// Comes back when the last lane has ended: each future waits for its own.
-void runAll(const schema::sequence<Flow>& lanes, const std::shared_ptr<Lanes>& state) {
-    std::vector<std::future<void>> futures;
-    try {
-        const SignalsBlocked blocked;
-        for (const Flow& lane : lanes)
-            futures.push_back(std::async(std::launch::async, [state, &lane] { state->runLane(lane); }));
-    } catch (const std::system_error&) {
-        state->abandon();
-        futures.clear();
-        throw std::future_error(std::future_errc::no_state);
-    }
+using Futures = std::vector<std::future<void>>;
+
+// The new-thread policy is needed: a task that only begins when somebody waits for it would never reach the barrier.
+void startAll(const schema::sequence<Flow>& lanes, const std::shared_ptr<Lanes>& state, Futures& futures) {
+    const SignalsBlocked blocked;
+    futures.reserve(lanes.size());
+    for (const Flow& lane : lanes)
+        futures.push_back(std::async(std::launch::async, [state, &lane] { state->runLane(lane); }));
+}
+
+void waitForAll(const Futures& futures) {
+    for (const auto& future : futures) future.wait();
 }
 
 }  // namespace
@@ -49,7 +51,15 @@ void Parallel_impl<Parallel_base>::exec(OtxContext& context) const {
     OTX_TRACE(4, "Parallel");
     if (!realisation().present()) return;
     const auto state = std::make_shared<Lanes>(*this, context);
-    runAll(realisation()->lane(), state);
+    Futures futures;
+    try {
+        startAll(realisation()->lane(), state, futures);
+    } catch (const std::exception&) {
+        state->abandon();
+        waitForAll(futures);
+        throw std::future_error(std::future_errc::no_state);
+    }
+    waitForAll(futures);
     state->raise();
 }
 

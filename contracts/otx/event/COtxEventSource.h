@@ -15,8 +15,9 @@ public:
 
     // The groups of the process.
     static HvtUtil::ThreadGroup& ThreadGroup();
-    // Delivers an event with this name and value to every open source of the thread's group.
-    static void PutAll(std::thread::id thread, const COtxValue& name, const COtxValue& value);
+    // Delivers an event of its own kind to every open source of the thread's group, with the value, and with the parameter as
+    // its name if that is a String.
+    static void PutAll(std::thread::id thread, const COtxValue& value, const COtxValue& param);
     // Closes every open source of the thread's group, which ends every wait on them.
     static void CloseAll(std::thread::id thread);
 };

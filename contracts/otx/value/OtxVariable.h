@@ -38,7 +38,8 @@ public:
     COtxValue Value() const;
 
     // Attaches an event source that monitors the variable, until the variable dies: every write delivers an event with
-    // this name and the new value. Throws kind 5 for a value that is no event source.
+    // this name and the new value. Sources that are closed, or that nobody else holds, are dropped at the next delivery.
+    // Throws kind 5 for a value that is no event source.
     void AddEventSource(const std::string& name, const COtxValue& source);
 
 private:
@@ -46,6 +47,7 @@ private:
     class Guard;
 
     void replace(COtxValue&& value);
+    void dropDead(const std::shared_ptr<const Sources>& delivered);
 
     COtxValue value_;
     std::shared_ptr<const Sources> sources_;

@@ -68,6 +68,19 @@ void OtxVariable::replace(COtxValue&& value) {
     if (sources == nullptr) [[likely]]
         return;
     for (const auto& [name, source] : sources->attached) source.EventSource().Changed(name, delivered);
+    if (!std::all_of(sources->attached.begin(), sources->attached.end(), Sources::isAlive)) [[unlikely]]
+        dropDead(sources);
+}
+
+void OtxVariable::dropDead(const std::shared_ptr<const Sources>& delivered) {
+    auto left = std::make_shared<Sources>();
+    std::copy_if(delivered->attached.begin(), delivered->attached.end(), std::back_inserter(left->attached),
+                 Sources::isAlive);
+    std::shared_ptr<const Sources> replacement;
+    if (!left->attached.empty()) replacement = std::move(left);
+    const Guard guard(*this);
+    // Another write or an attaching came between: it looks for itself.
+    if (sources_ == delivered) sources_.swap(replacement);
 }
 
 void OtxVariable::Set(const COtxValue& value) { replace(COtxValue(value)); }

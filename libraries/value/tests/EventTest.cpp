@@ -188,8 +188,13 @@ TEST(Timer, AClosedTimerDoesNotKeepItsWaiter) {
     EXPECT_EQ(waiter.join(), "closed");
 }
 
+TEST(Timer, OfANegativeTimeHasExpiredAtOnce) {
+    EXPECT_EQ(next(COtxTimerExpiredEventSource(COtxInt(-1))), "TimerExpired");
+    EXPECT_EQ(next(COtxTimerExpiredEventSource(COtxFloat(-0.25))), "TimerExpired");
+    EXPECT_EQ(next(COtxTimerExpiredEventSource(COtxFloat(-std::numeric_limits<double>::infinity()))), "TimerExpired");
+}
+
 TEST(Timer, TakesNumbersOfMillisecondsOnly) {
-    EXPECT_EQ(OTX_THROWN_KIND(COtxTimerExpiredEventSource(COtxInt(-1))), outOfBounds);
     EXPECT_EQ(OTX_THROWN_KIND(COtxTimerExpiredEventSource(COtxFloat(std::numeric_limits<double>::quiet_NaN()))),
               outOfBounds);
     EXPECT_EQ(OTX_THROWN_KIND(COtxTimerExpiredEventSource(COtxString("10"))), typeMismatch);
@@ -313,10 +318,14 @@ TEST(PutAll, DeliversToEveryOpenSourceOfTheGroup) {
     const COtxMonitorChangeEventSource monitor;
     const COtxMultiEventSource multi;
     multi.EventSource().Add(signal);
-    COtxEventSource::PutAll(self, COtxString("name"), COtxInt(1));
+    COtxEventSource::PutAll(self, COtxInt(1), COtxString("name"));
     EXPECT_EQ(next(multi), "ServiceProvider(name, 1)");
     EXPECT_EQ(next(monitor), "MonitorChange(name, 1)");
-    // An absent name and value count as empty.
+    // A parameter that is no String names nothing.
+    COtxEventSource::PutAll(self, COtxInt(1), COtxInt(2));
+    EXPECT_EQ(next(multi), "ServiceProvider(1)");
+    EXPECT_EQ(next(monitor), "MonitorChange(1)");
+    // Absent ones count as empty.
     COtxEventSource::PutAll(self, COtxValue(), COtxValue());
     EXPECT_EQ(next(signal), "ServiceProvider");
 }

@@ -2,6 +2,7 @@
 #include "OpenSources.h"
 
 #include <otx/event/COtxEventSource.h>
+#include <otx/value/COtxString.h>
 
 namespace otx {
 
@@ -54,7 +55,8 @@ HvtUtil::ThreadGroup& COtxEventSource::ThreadGroup() {
     return *group;
 }
 
-void COtxEventSource::PutAll(std::thread::id thread, const COtxValue& name, const COtxValue& value) {
+void COtxEventSource::PutAll(std::thread::id thread, const COtxValue& value, const COtxValue& param) {
+    const COtxValue name = param.Type() == OTX::ValueType::String ? param : COtxString();
     for (const auto& source : otx::OpenSources::instance().ofGroup(thread)) source->deliver(name, value);
 }
 

@@ -3,6 +3,7 @@
 #include <otx/event/COtxTimerExpiredEventSource.h>
 #include <otx/value/COtxString.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "../Refusal.h"
@@ -34,12 +35,11 @@ private:
 Clock::duration timeoutOf(const COtxValue& timeout) {
     const double milliseconds = timeout.Type() == OTX::ValueType::Float ? timeout.Float()
                                                                         : static_cast<double>(timeout.Int());
-    if (!(milliseconds >= 0))
-        fail(OTX::Exceptions_e::OutOfBoundsException, "Timeout is not zero or more milliseconds");
+    if (std::isnan(milliseconds)) fail(OTX::Exceptions_e::OutOfBoundsException, "Timeout is not a number");
     // A hundred years stand for ever, which the clock couldn't bear.
     constexpr double longest = 100 * 365.25 * 24 * 3600 * 1000;
     return std::chrono::duration_cast<Clock::duration>(
-        std::chrono::duration<double, std::milli>(std::fmin(milliseconds, longest)));
+        std::chrono::duration<double, std::milli>(std::clamp(milliseconds, 0.0, longest)));
 }
 
 }  // namespace

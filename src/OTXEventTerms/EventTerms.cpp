@@ -1,0 +1,69 @@
+// The terms that take an event apart.
+#include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/VariableAccess.h>
+#include <otx/event/IEvent.h>
+#include <otx/value/COtxBool.h>
+#include <otx/value/COtxException.h>
+#include <otx/value/IString.h>
+#include <schema/Event.h>
+
+namespace Event {
+
+namespace {
+
+bool is(const OTX::IEvent& event, OTX::EventKind kind) {
+    return event.Kind() == static_cast<int>(kind);
+}
+
+bool tellsOfVariable(const OTX::IEvent& event) {
+    return is(event, OTX::EventKind::MonitorChange) || is(event, OTX::EventKind::ThresholdExceeded);
+}
+
+// For the terms that ask for one kind of event.
+template <class Term>
+COtxValue testKind(const Term& term, OTX::EventKind kind, otxns::OtxContext& context) {
+    const COtxValue value = otxns::evaluate(term.event(), context);
+    return COtxBool(is(value.Event(), kind));
+}
+
+}  // namespace
+
+template <>
+COtxValue EventValue_impl<EventValue_base>::eval(otxns::OtxContext& context) const {
+    return otxns::valueOfVariable(*this, context);
+}
+
+template <>
+COtxValue EventSourceValue_impl<EventSourceValue_base>::eval(otxns::OtxContext& context) const {
+    return otxns::valueOfVariable(*this, context);
+}
+
+template <>
+COtxValue IsTimerExpiredEvent_impl<IsTimerExpiredEvent_base>::eval(otxns::OtxContext& context) const {
+    return testKind(*this, OTX::EventKind::TimerExpired, context);
+}
+
+template <>
+COtxValue IsThresholdExceededEvent_impl<IsThresholdExceededEvent_base>::eval(otxns::OtxContext& context) const {
+    return testKind(*this, OTX::EventKind::ThresholdExceeded, context);
+}
+
+// A threshold event counts as a change too, unlike the other way round; this is meant.
+template <>
+COtxValue IsMonitorChangeEvent_impl<IsMonitorChangeEvent_base>::eval(otxns::OtxContext& context) const {
+    const COtxValue value = otxns::evaluate(event(), context);
+    const OTX::IEvent& received = value.Event();
+    if (!tellsOfVariable(received)) return COtxBool(false);
+    return COtxBool(!variable().present() || received.Name().String() == variable()->name());
+}
+
+template <>
+COtxValue GetNewValue_impl<GetNewValue_base>::eval(otxns::OtxContext& context) const {
+    const COtxValue value = otxns::evaluate(event(), context);
+    const OTX::IEvent& received = value.Event();
+    if (tellsOfVariable(received)) return received.Value();
+    throw COtxException(OTX::Exceptions_e::TypeMismatchException,
+                        "Unexpected event type " + static_cast<std::string>(value.ToString().String()));
+}
+
+}  // namespace Event
