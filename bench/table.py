@@ -71,6 +71,15 @@ def load(build):
         print(f"{f'{size} MB':10} {read['cpu_time']:9.2f} {ratio:9.1f} {12:6} {speed:6.0f} {250:6} {saved:10.0f} {700:6}")
 
 
+def lanes(build):
+    runs = suite(build, "bench_lanes", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
+    time = {name: runs[f"{name}/real_time_median"]["real_time"] for name in ("lanes/one", "lanes/two", "lanes/start", "bareThreads", "lanes/wake", "bareWakes")}
+    print(f"\n{'lanes':44} {'ratio':>6} {'goal':>6}")
+    print(f"{'work of two lanes, of one':44} {2 * time['lanes/one'] / time['lanes/two']:6.2f} {'>= 1.8':>6}")
+    print(f"{'a lane, of a bare std::async':44} {time['lanes/start'] / time['bareThreads']:6.2f} {1.3:6.2f}")
+    print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
+
+
 def values(build):
     runs = suite(build, "bench_values", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
     lock = runs["recursiveLock_median"]["cpu_time"]
@@ -84,6 +93,7 @@ def main():
     programs(build)
     jumps(build)
     load(build)
+    lanes(build)
     values(build)
 
 

@@ -1,29 +1,10 @@
 // Runs the documents of bench/programs, each as one call of Run.
-#include <otx/value/Values.h>
-#include <velkotx/Sequencer.h>
-
-#include <benchmark/benchmark.h>
-
-#include <fstream>
-#include <memory>
-#include <stdexcept>
-#include <string>
+#include "Programs.h"
 
 namespace {
 
-class SilentSink : public velkotx::HostEventSink {
-public:
-    void sendRequest(const COtxValue&) override {}
-};
-
 void runProgram(benchmark::State& state, const std::string& name, long long n) {
-    std::ifstream file(std::string(PROGRAMS_FOLDER "/") + name + ".otx");
-    const auto sequencer = velkotx::CreateSequencer(file);
-    const auto sink = std::make_shared<SilentSink>();
-    sequencer->SetHost(sink);
-    const COtxMap arguments(std::map<const std::string, COtxValue>{{"n", COtxInt(n)}});
-    for (auto _ : state) benchmark::DoNotOptimize(sequencer->Run("main", arguments, false));
-    state.counters["n"] = static_cast<double>(n);
+    runProcedure(state, name, "main", n);
 }
 
 }  // namespace

@@ -24,9 +24,12 @@ void OtxContext::markCancelled() {
         const std::lock_guard own(flow.lock);
         flow.state = FlowState::cancelled;
         flow.runCancelled = true;
+        flow.stopped = 0;
         ++flow.resumes;
         flow.wake.notify_all();
     }
+    // Who waits for a section may wait for one that is held by whoever waits for it.
+    mutexGroupLock.wakeAll();
 }
 
 std::thread::id OtxContext::firstFlow() const {

@@ -51,7 +51,6 @@ void OtxContext::StopHere(OtxFlow& flow, std::thread::id thread, std::unique_loc
     commands.unlock();
     own.lock();
     flow.wake.wait(own, [&] { return flow.resumes != resumes; });
-    flow.stopped = 0;
     vars.unshareStack();
 }
 

@@ -113,6 +113,7 @@ void OtxContext::wake(const Target& target, FlowState state) {
         flow.state = state;
         if (flow.stopped == 1) {
             found = true;
+            flow.stopped = 0;
             ++flow.resumes;
             flow.wake.notify_all();
         } else if (target.isOne()) {

@@ -8,23 +8,33 @@ namespace otxns {
 constinit thread_local OtxContext::Recent OtxContext::recent{};
 
 void OtxContext::BeginFlow(FlowState state, std::thread::id parent) {
+    const auto thread = std::this_thread::get_id();
     const std::lock_guard guard(flowLock);
+    // A new thread may have the number of one whose run ended in an exception and that is gone.
+    if (parent != std::thread::id() && flows.count(thread) != 0) EndFlow(thread);
     vars.newStack(parent);
     const unsigned id = nextFlowId++;
-    const auto thread = std::this_thread::get_id();
     // The record of a run that ended in an exception stays, with its old number.
     OtxFlow& flow = flows.try_emplace(thread, id, state).first->second;
     recent = {serial_, &flow};
     const auto begun = flows.find(parent);
-    flow.runCancelled = begun != flows.end() && begun->second.runCancelled;
+    flow.runCancelled = begun != flows.end() && begun->second.isRunCancelled();
+    {
+        // A run that ended because its stop couldn't be told left it as stopped.
+        const std::lock_guard own(flow.lock);
+        flow.stopped = 0;
+    }
     SetFlowState(flow.runCancelled ? FlowState::cancelled : state, thread);
 }
 
 void OtxContext::EndFlow(std::thread::id thread) {
-    const std::lock_guard guard(flowLock);
-    vars.deleteStack();
-    recent = {};
-    flows.erase(thread);
+    // The variables die after the lock is released.
+    const auto ended = [&] {
+        const std::lock_guard guard(flowLock);
+        recent = {};
+        flows.erase(thread);
+        return vars.deleteStack();
+    }();
 }
 
 OtxFlow& OtxContext::FlowOf(std::thread::id thread) {

@@ -3,6 +3,7 @@
 
 #include <OTXContext/OtxFlow.h>
 #include <OTXContext/ProcedureTable.h>
+#include <OTXContext/SectionLock.h>
 #include <OtxVars/OtxVars.h>
 #include <otx/value/COtxValue.h>
 #include <schema/core.h>
@@ -70,9 +71,10 @@ public:
 
     OtxVars& Variables() noexcept { return vars; }
     // The one lock of all MutexGroup statements.
-    std::recursive_mutex& MutexGroupLock() noexcept { return mutexGroupLock; }
-    // Held while an action changes what a list, map or byte field holds, and while the content of variables is copied
-    // for the host, which may ask at any time. What sequences do to each other's containers is theirs to guard.
+    SectionLock& MutexGroupLock() noexcept { return mutexGroupLock; }
+    // Held while an action changes what a list, map or byte field holds, while a term looks into one, and while the
+    // content of variables is copied for the host, which may ask at any time. What several steps of a sequence do to
+    // another lane's containers is theirs to guard.
     std::mutex& ContentLock() noexcept { return contentLock; }
     // Those of all PrepareRun so far. Any thread, without a lock.
     const ProcedureTable& Procedures() const noexcept { return *procedures.load(std::memory_order_acquire); }
@@ -96,8 +98,8 @@ public:
     void SetFlowState(FlowState state, std::thread::id thread);
     // Cancels all flows, closes all screens and all event sources of the run.
     void CancelAll();
-    // Whether CancelAll has reached the calling thread's flow.
-    bool IsCancelled() { return ownFlow(std::this_thread::get_id()).runCancelled; }
+    // The calling thread's flow.
+    OtxFlow& OwnFlow() { return ownFlow(std::this_thread::get_id()); }
 
     // The places where a flow stops, steps, is cancelled or receives an injected exception. The thread is the calling
     // one.
@@ -180,7 +182,7 @@ private:
     std::vector<std::unique_ptr<const ProcedureTable>> tables;
     std::atomic<const ProcedureTable*> procedures;
 
-    std::recursive_mutex mutexGroupLock;
+    SectionLock mutexGroupLock;
     std::mutex contentLock;
 
     // Guards flows, breakpoints and nextFlowId, each whole command, and the event of a stopping flow.

@@ -32,10 +32,12 @@ struct OtxFlow {
     // The node about to run. Written by the flow's thread only.
     std::atomic<const Node*> node{nullptr};
     std::atomic<FlowState> state;
-    // The whole run was cancelled while this was one of its flows. Unlike `state`, no later command takes it back.
+    // The whole run was cancelled while this was one of its flows, not only its lane.
     std::atomic<bool> runCancelled{false};
+    // Not so after a command that took the place of the cancellation.
+    bool isRunCancelled() const noexcept { return runCancelled && state == FlowState::cancelled; }
     COtxValue pending;
-    // 1 from the decision to stop until the flow goes on, else 0.
+    // 1 from the decision to stop until a command resumes the flow, else 0.
     int stopped = 0;
     std::uint64_t resumes = 0;
     const unsigned flowId;

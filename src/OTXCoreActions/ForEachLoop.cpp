@@ -1,11 +1,13 @@
 // The ForEachLoop: over the indexes of a list or the keys of a map.
 #include <OTXCoreActions/LoopBody.h>
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/VariableAccess.h>
 #include <otx/value/COtxInt.h>
 #include <velkotx/Exceptions.h>
 
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace otxns {
@@ -15,7 +17,8 @@ namespace {
 // The size is read anew each time: a body that appends extends the loop. The locator holds the index, not the item.
 FlowExit overList(const std::vector<COtxValue>& items, const ForEachLoop& loop, OtxContext& context, const Flow& body,
                   const OtxName& loopName) {
-    for (std::size_t i = 0; i < items.size(); ++i) {
+    const auto reaches = [&](std::size_t i) { return lookInto(context, [&] { return i < items.size(); }); };
+    for (std::size_t i = 0; reaches(i); ++i) {
         assign(loop.locator(), context, COtxInt(static_cast<long long>(i)));
         const Iteration iteration = iterate(body, context, loopName);
         if (!iteration.goesOn) return iteration.exit;
@@ -26,13 +29,14 @@ FlowExit overList(const std::vector<COtxValue>& items, const ForEachLoop& loop, 
 // Finds its way by the last key, so that a body which changes the map does no harm.
 FlowExit overMap(const std::map<COtxValue, COtxValue>& entries, const ForEachLoop& loop, OtxContext& context,
                  const Flow& body, const OtxName& loopName) {
-    auto entry = entries.begin();
-    while (entry != entries.end()) {
-        const COtxValue key = entry->first;
-        assign(loop.locator(), context, key);
+    using Key = std::optional<COtxValue>;
+    const auto keyAt = [&](auto entry) { return entry != entries.end() ? Key(entry->first) : Key(); };
+    Key key = lookInto(context, [&] { return keyAt(entries.begin()); });
+    while (key) {
+        assign(loop.locator(), context, *key);
         const Iteration iteration = iterate(body, context, loopName);
         if (!iteration.goesOn) return iteration.exit;
-        entry = entries.upper_bound(key);
+        key = lookInto(context, [&] { return keyAt(entries.upper_bound(*key)); });
     }
     return {};
 }

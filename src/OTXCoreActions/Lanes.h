@@ -22,6 +22,8 @@ public:
     void runLane(const Flow& lane);
     // The lanes that have begun end without running a node, since there can't be all of them.
     void abandon();
+    // Cancels the run; nothing leaves it.
+    void cancelSequence();
     // When all have ended: throws the first OTX exception of a lane, else the Return of the last lane that returned.
     void raise() const;
 
@@ -33,7 +35,6 @@ private:
     // False when the lanes are given up.
     bool waitForAll();
     void cancelOthers();
-    void cancelSequence();
     void cancelSequence(const std::exception& failure);
     void runFlow(const Flow& lane);
 

@@ -1,4 +1,5 @@
 // The actions that change a list through the live handle that its variable answers.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxException.h>
 
@@ -39,7 +40,8 @@ void ListConcatenate_impl<ListConcatenate_base>::exec(OtxContext& context) const
     const COtxValue target = list().read(context);
     for (const ListTerm& term : otherList()) {
         // A copy, since the other list may be the target itself.
-        const std::vector<COtxValue> added = evaluate(term, context).List();
+        const COtxValue other = evaluate(term, context);
+        const std::vector<COtxValue> added = lookInto(context, [&] { return std::vector<COtxValue>(other.List()); });
         std::vector<COtxValue>& items = target.List();
         const std::lock_guard content(context.ContentLock());
         items.insert(items.end(), added.begin(), added.end());
@@ -52,10 +54,15 @@ void ListInsertItems_impl<ListInsertItems_base>::exec(OtxContext& context) const
     const COtxValue target = list().read(context);
     std::vector<COtxValue>& items = target.List();
     const int place = evaluateInt32(index(), context);
-    if (!isWithin(place, items)) raiseOutOfBounds(place, items.size());
+    const auto check = [&] {
+        if (!isWithin(place, items)) raiseOutOfBounds(place, items.size());
+    };
+    lookInto(context, check);
     std::vector<COtxValue> added;
     for (const Term& term : item()) added.push_back(evaluate(term, context));
     const std::lock_guard content(context.ContentLock());
+    // Another lane may have taken items away.
+    check();
     items.insert(items.begin() + place, added.begin(), added.end());
 }
 
@@ -65,13 +72,14 @@ void ListRemoveItems_impl<ListRemoveItems_base>::exec(OtxContext& context) const
     std::vector<COtxValue>& items = target.List();
     const int first = evaluateInt32(index(), context);
     const int number = evaluateInt32(count(), context);
+    // The removed values die after the lock is released.
+    std::vector<COtxValue> removed;
+    const std::lock_guard content(context.ContentLock());
     // A bad count is reported with the index; this is meant.
     if (first < 0 || number < 0 || !isWithin(static_cast<long long>(first) + number, items))
         raiseOutOfBounds(first, items.size());
     const auto begin = items.begin() + first;
-    // The removed values die after the lock is released.
-    const std::vector<COtxValue> removed(begin, begin + number);
-    const std::lock_guard content(context.ContentLock());
+    removed.assign(begin, begin + number);
     items.erase(begin, begin + number);
 }
 

@@ -1,4 +1,5 @@
 // The actions that change a map through the live handle that its variable answers.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <Trace.h>
 #include <otx/value/COtxException.h>
@@ -43,15 +44,11 @@ void MapRemoveItems_impl<MapRemoveItems_base>::exec(OtxContext& context) const {
         const COtxValue removed = evaluate(term, context);
         OTX_TRACE(4, "key: " << removed);
         Entries& entries = target.Map();
-        const auto found = entries.find(removed);
-        if (found == entries.end()) {
-            const std::string text = removed.ToString().String();
-            throw COtxException(OTX::Exceptions_e::OutOfBoundsException,
-                                "Map " + map().name() + " does not contain key " + text);
-        }
-        Entries::node_type dropped;
-        const std::lock_guard content(context.ContentLock());
-        dropped = entries.extract(found);
+        const Entries::node_type dropped = lookInto(context, [&] { return entries.extract(removed); });
+        if (dropped) continue;
+        const std::string text = removed.ToString().String();
+        throw COtxException(OTX::Exceptions_e::OutOfBoundsException,
+                            "Map " + map().name() + " does not contain key " + text);
     }
 }
 
@@ -63,7 +60,8 @@ void MapUnion_impl<MapUnion_base>::exec(OtxContext& context) const {
         Entries& entries = target.Map();
         // With itself a map has nothing to gain.
         if (&other.Map() == &entries) continue;
-        for (const auto& [key, value] : other.Map()) put(entries, key, value, context);
+        const Entries added = lookInto(context, [&] { return Entries(other.Map()); });
+        for (const auto& [key, value] : added) put(entries, key, value, context);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <system_error>
 
+#include <cxxabi.h>
 #include <signal.h>
 
 namespace otxns {
@@ -54,12 +55,16 @@ void Parallel_impl<Parallel_base>::exec(OtxContext& context) const {
     Futures futures;
     try {
         startAll(realisation()->lane(), state, futures);
+        waitForAll(futures);
     } catch (const std::exception&) {
         state->abandon();
         waitForAll(futures);
         throw std::future_error(std::future_errc::no_state);
+    } catch (abi::__forced_unwind&) {
+        // The lanes must end before the thread can.
+        state->cancelSequence();
+        throw;
     }
-    waitForAll(futures);
     state->raise();
 }
 

@@ -1,4 +1,5 @@
 // The terms that read byte fields and combine them. The orders of evaluation are meant as they stand.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxBool.h>
 #include <otx/value/COtxByteField.h>
@@ -24,7 +25,7 @@ COtxValue combine(const Operands& operands, OtxContext& context, const char* ter
     // The text is meant for more than two operands too.
     if (operands.size() != 2) throw velkotx::OTXRuntimeException(termName, "Not enough terms");
     return evaluateTwo(operands[0], operands[1], context, [&](const COtxValue& left, const COtxValue& right) {
-        return (left.ByteField().*combination)(right.ToByteField());
+        return lookInto(context, [&] { return (left.ByteField().*combination)(right.ToByteField()); });
     });
 }
 
@@ -52,7 +53,7 @@ COtxValue subField(const Bytes& bytes, long long index, long long count) {
 template <>
 COtxValue ByteFieldGetSize_impl<ByteFieldGetSize_base>::eval(OtxContext& context) const {
     const COtxValue field = evaluate(byteField(), context);
-    return COtxInt(static_cast<long long>(field.ByteField().size()));
+    return COtxInt(static_cast<long long>(lookInto(context, [&] { return field.ByteField().size(); })));
 }
 
 template <>
@@ -60,7 +61,7 @@ COtxValue GetBit_impl<GetBit_base>::eval(OtxContext& context) const {
     const COtxValue field = evaluate(byteField(), context);
     const int bitPosition = evaluateInt32(position(), context);
     const int byteIndex = evaluateInt32(index(), context);
-    return COtxBool(field.ByteField().GetBit(byteIndex, bitPosition));
+    return COtxBool(lookInto(context, [&] { return field.ByteField().GetBit(byteIndex, bitPosition); }));
 }
 
 template <>
@@ -68,7 +69,7 @@ COtxValue SubByteField_impl<SubByteField_base>::eval(OtxContext& context) const 
     const COtxValue field = evaluate(byteField(), context);
     const long long first = evaluateInteger(index(), context);
     const long long number = evaluateInteger(count(), context);
-    return subField(field.ByteField(), first, number);
+    return lookInto(context, [&] { return subField(field.ByteField(), first, number); });
 }
 
 template <>
@@ -89,7 +90,7 @@ COtxValue BitwiseXor_impl<BitwiseXor_base>::eval(OtxContext& context) const {
 template <>
 COtxValue BitwiseNot_impl<BitwiseNot_base>::eval(OtxContext& context) const {
     const COtxValue field = evaluate(byteField(), context);
-    return field.ByteField().Not();
+    return lookInto(context, [&] { return field.ByteField().Not(); });
 }
 
 }  // namespace otxns

@@ -1,4 +1,5 @@
 // The comparison terms.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxBool.h>
 
@@ -8,6 +9,13 @@ namespace otxns {
 
 namespace {
 
+template <class Comparison>
+bool holds(const Term& first, const Term& second, OtxContext& context, Comparison comparison) {
+    return evaluateTwo(first, second, context, [&](const COtxValue& left, const COtxValue& right) {
+        return lookAt(left, context, [&]() -> bool { return comparison(left, right); });
+    });
+}
+
 // Walks the adjacent pairs while the comparison answers `wanted`, and gives the last answer. Each pair is evaluated
 // anew, so that a middle term is evaluated twice; this is meant. Fewer than two terms are neither equal nor unequal.
 template <class Terms, class Comparison>
@@ -15,13 +23,13 @@ COtxValue overPairs(const Terms& terms, OtxContext& context, bool wanted, Compar
     if (terms.size() < 2) return COtxBool(false);
     bool answer = wanted;
     for (std::size_t i = 1; i < terms.size() && answer == wanted; ++i)
-        answer = evaluateTwo(terms[i - 1], terms[i], context, comparison);
+        answer = holds(terms[i - 1], terms[i], context, comparison);
     return COtxBool(answer);
 }
 
 template <class ComparisonTerm, class Comparison>
 COtxValue compare(const ComparisonTerm& term, OtxContext& context, Comparison comparison) {
-    return COtxBool(evaluateTwo(term.left(), term.right(), context, comparison));
+    return COtxBool(holds(term.left(), term.right(), context, comparison));
 }
 
 }  // namespace

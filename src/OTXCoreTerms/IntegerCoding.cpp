@@ -1,4 +1,5 @@
 // The terms that code integers in bytes.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxByteField.h>
 #include <otx/value/COtxException.h>
@@ -39,7 +40,8 @@ template <>
 COtxValue DecodeInteger_impl<DecodeInteger_base>::eval(OtxContext& context) const {
     const COtxValue field = evaluate(bytes(), context);
     const OTX::Endianness order = byteOrderOf(byteOrder());
-    const std::vector<unsigned char>& content = field.ByteField();
+    const std::vector<unsigned char> content =
+        lookInto(context, [&]() -> std::vector<unsigned char> { return field.ByteField(); });
     return COtxInt(content, static_cast<int>(content.size() * 8), mapped(encodingType(), encodings), order,
                    COtxInt::Hexadecimal);
 }

@@ -1,4 +1,5 @@
 // The terms that make and read lists.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/Typed.h>
 #include <otx/value/COtxBool.h>
@@ -38,22 +39,23 @@ COtxValue ListLiteral_impl<ListLiteral_base>::eval(OtxContext& context) const {
 template <>
 COtxValue ListGetLength_impl<ListGetLength_base>::eval(OtxContext& context) const {
     const COtxValue value = evaluateList(list(), context, "ListGetLength");
-    return COtxInt(static_cast<long long>(value.List().size()));
+    return COtxInt(static_cast<long long>(lookInto(context, [&] { return value.List().size(); })));
 }
 
 // The elements are shared with the original.
 template <>
 COtxValue ListCopy_impl<ListCopy_base>::eval(OtxContext& context) const {
     const COtxValue value = evaluateList(otherList(), context, "ListCopy");
-    return COtxList(std::as_const(value.List()));
+    return lookInto(context, [&] { return COtxList(std::as_const(value.List())); });
 }
 
 // A value that is no list gets the value's own refusal, after the second term is evaluated.
 template <>
 COtxValue ListContainsValue_impl<ListContainsValue_base>::eval(OtxContext& context) const {
-    return evaluateTwo(list(), value(), context, [](const COtxValue& values, const COtxValue& wanted) {
+    return evaluateTwo(list(), value(), context, [&](const COtxValue& values, const COtxValue& wanted) {
         const std::vector<COtxValue>& items = values.List();
-        return COtxBool(std::any_of(items.begin(), items.end(), [&](const COtxValue& item) { return item == wanted; }));
+        const auto isWanted = [&](const COtxValue& item) { return item == wanted; };
+        return COtxBool(lookInto(context, [&] { return std::any_of(items.begin(), items.end(), isWanted); }));
     });
 }
 

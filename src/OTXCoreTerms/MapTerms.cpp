@@ -1,4 +1,5 @@
 // The terms that make and read maps.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/Typed.h>
 #include <otx/value/COtxBool.h>
@@ -53,42 +54,43 @@ COtxValue MapLiteral_impl<MapLiteral_base>::eval(OtxContext& context) const {
 template <>
 COtxValue MapGetSize_impl<MapGetSize_base>::eval(OtxContext& context) const {
     const COtxValue value = evaluateMap(map(), context, "MapGetSize");
-    return COtxInt(static_cast<long long>(value.Map().size()));
+    return COtxInt(static_cast<long long>(lookInto(context, [&] { return value.Map().size(); })));
 }
 
 // The keys and values are shared with the original.
 template <>
 COtxValue MapCopy_impl<MapCopy_base>::eval(OtxContext& context) const {
     const COtxValue value = evaluateMap(otherMap(), context, "MapCopy");
-    return COtxMap(std::as_const(value.Map()));
+    return lookInto(context, [&] { return COtxMap(std::as_const(value.Map())); });
 }
 
 template <>
 COtxValue MapGetKeyList_impl<MapGetKeyList_base>::eval(OtxContext& context) const {
     const COtxValue value = evaluateMap(map(), context, "MapGetKeyList");
-    return listOf(value.Map(), &Entries::value_type::first);
+    return lookInto(context, [&] { return listOf(value.Map(), &Entries::value_type::first); });
 }
 
 template <>
 COtxValue MapGetValueList_impl<MapGetValueList_base>::eval(OtxContext& context) const {
     const COtxValue value = evaluateMap(map(), context, "MapGetValueList");
-    return listOf(value.Map(), &Entries::value_type::second);
+    return lookInto(context, [&] { return listOf(value.Map(), &Entries::value_type::second); });
 }
 
 // For a value that is no map, this term and the next leave the refusal to the value, after both terms are evaluated.
 template <>
 COtxValue MapContainsKey_impl<MapContainsKey_base>::eval(OtxContext& context) const {
-    return evaluateTwo(map(), key(), context, [](const COtxValue& values, const COtxValue& wanted) {
-        return COtxBool(values.Map().count(wanted) != 0);
+    return evaluateTwo(map(), key(), context, [&](const COtxValue& values, const COtxValue& wanted) {
+        const Entries& entries = values.Map();
+        return COtxBool(lookInto(context, [&] { return entries.count(wanted) != 0; }));
     });
 }
 
 template <>
 COtxValue MapContainsValue_impl<MapContainsValue_base>::eval(OtxContext& context) const {
-    return evaluateTwo(map(), value(), context, [](const COtxValue& values, const COtxValue& wanted) {
+    return evaluateTwo(map(), value(), context, [&](const COtxValue& values, const COtxValue& wanted) {
         const Entries& entries = values.Map();
-        return COtxBool(
-            std::any_of(entries.begin(), entries.end(), [&](const auto& entry) { return entry.second == wanted; }));
+        const auto isWanted = [&](const auto& entry) { return entry.second == wanted; };
+        return COtxBool(lookInto(context, [&] { return std::any_of(entries.begin(), entries.end(), isWanted); }));
     });
 }
 

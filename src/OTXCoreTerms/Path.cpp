@@ -1,4 +1,5 @@
 // The way into lists, maps and parameter containers.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <SmallVector.h>
 #include <otx/diag/IParameterContainer.h>
@@ -78,14 +79,14 @@ void Path_impl<Path_base>::write(OtxContext& context, const Name& variable, cons
     evaluateSteps(*this, context, steps);
     COtxValue root = context.Variables().Get(variable);
     COtxValue* current = &root;
+    // The replaced value dies after the lock is released.
+    COtxValue replaced = value;
+    const std::lock_guard content(context.ContentLock());
     for (const COtxValue& step : steps) {
         COtxValue* const slot = slotOf(*current, step, steps, variable);
         if (slot == nullptr) raiseNoContainer(*current, "list or map");
         current = slot;
     }
-    // The replaced value dies after the lock is released.
-    COtxValue replaced = value;
-    const std::lock_guard content(context.ContentLock());
     std::swap(*current, replaced);
 }
 
@@ -96,9 +97,16 @@ COtxValue Path_impl<Path_base>::read(OtxContext& context, const Name& variable) 
     COtxValue current = context.Variables().Get(variable);
     for (const COtxValue& step : steps) {
         COtxValue next;
-        if (const COtxValue* const slot = slotOf(current, step, steps, variable))
-            next = *slot;
-        else if (current.IsContainer())
+        const auto enter = [&] {
+            const COtxValue* const slot = slotOf(current, step, steps, variable);
+            if (slot != nullptr) next = *slot;
+            return slot != nullptr;
+        };
+        if (lookAt(current, context, enter)) {
+            current = std::move(next);
+            continue;
+        }
+        if (current.IsContainer())
             next = current.Container().GetParameterByStep(step);
         else
             raiseNoContainer(current, "list, map or parameter container");

@@ -1,4 +1,5 @@
 // The action that waits for the first event of its sources.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXEventActions/Waiting.h>
 #include <Trace.h>
@@ -15,10 +16,11 @@ namespace {
 constexpr const char* closed = "EventSource has been closed";
 
 // A list adds what it holds, to any depth.
-void addEvent(const COtxValue& multiSource, const COtxValue& value) {
+void addEvent(const COtxValue& multiSource, const COtxValue& value, otxns::OtxContext& context) {
     if (value.Type() == OTX::ValueType::List) {
         otxns::requireStack();
-        for (const COtxValue& item : value.List()) addEvent(multiSource, item);
+        const auto items = otxns::lookInto(context, [&] { return std::vector<COtxValue>(value.List()); });
+        for (const COtxValue& item : items) addEvent(multiSource, item, context);
         return;
     }
     if (multiSource.EventSource().Add(value)) return;
@@ -30,7 +32,7 @@ void addEvent(const COtxValue& multiSource, const COtxValue& value) {
 COtxValue sourceOf(const schema::sequence<EventSourceTerm>& terms, otxns::OtxContext& context) {
     if (terms.size() == 1) return otxns::evaluate(terms.front(), context);
     const COtxMultiEventSource all;
-    for (const EventSourceTerm& term : terms) addEvent(all, otxns::evaluate(term, context));
+    for (const EventSourceTerm& term : terms) addEvent(all, otxns::evaluate(term, context), context);
     return all;
 }
 

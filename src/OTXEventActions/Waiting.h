@@ -11,7 +11,7 @@ namespace otxns {
 // entered in its group before the look at the flow, and the flow is marked before the group is closed, so that one of the two
 // is always seen.
 inline bool waitFor(OTX::IEventSource& source, COtxValue& event, OtxContext& context) {
-    return !context.IsCancelled() && source.Wait(event);
+    return !context.OwnFlow().isRunCancelled() && source.Wait(event);
 }
 
 }  // namespace otxns

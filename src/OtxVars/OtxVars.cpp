@@ -40,13 +40,11 @@ void OtxVars::newStack(std::thread::id parent) {
     if (origin == stacks.end() || !stack.pushCopyOf(origin->second)) raiseInvalidStack();
 }
 
-void OtxVars::deleteStack() {
+OtxVars::EndedStack OtxVars::deleteStack() {
     OTX_TRACE(4, Hvt::className(typeid(*this).name()));
-    decltype(stacks)::node_type ended;
     const std::lock_guard guard(lock);
     recent = {};
-    // The variables die after the lock is released.
-    ended = stacks.extract(std::this_thread::get_id());
+    return stacks.extract(std::this_thread::get_id());
 }
 
 void OtxVars::push(const Name& name) {

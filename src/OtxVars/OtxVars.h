@@ -32,7 +32,9 @@ public:
     // Begins the calling thread's stack, if it has none, and appends a copy of the parent's top frame if there is a
     // parent. The parent is parked, or shares its stack, meanwhile.
     void newStack(std::thread::id parent = {});
-    void deleteStack();
+    // Gives what was in it, so that the caller lets the variables die where no lock is held.
+    using EndedStack = std::map<std::thread::id, ThreadStack>::node_type;
+    EndedStack deleteStack();
 
     // The name outlives the frame.
     void push(const Name& name);

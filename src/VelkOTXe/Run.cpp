@@ -7,6 +7,7 @@
 #include <Unwind.h>
 #include <VelkOTXe/Boundary.h>
 #include <VelkOTXe/Sequencer_impl.h>
+#include <otx/event/COtxEventSource.h>
 #include <otx/value/COtxMap.h>
 #include <otx/value/COtxString.h>
 #include <otx/value/Functions.h>
@@ -36,11 +37,28 @@ COtxValue published(const Cells& out) {
     return COtxMap(entries);
 }
 
+// The group of a run on a thread that no group holds, such as another thread than the one which made the Sequencer, or the
+// same one after a cancelled run: without it, what lanes wait for could be neither closed nor cancelled.
+class GroupOfRun {
+public:
+    GroupOfRun() : isOwn_(!groups().RootOf(std::this_thread::get_id()) && groups().AddRoot()) {}
+    ~GroupOfRun() {
+        if (isOwn_) groups().RemoveRoot(std::this_thread::get_id());
+    }
+    GroupOfRun(const GroupOfRun&) = delete;
+    GroupOfRun& operator=(const GroupOfRun&) = delete;
+
+private:
+    static HvtUtil::ThreadGroup& groups() { return COtxEventSource::ThreadGroup(); }
+    const bool isOwn_;
+};
+
 }  // namespace
 
 COtxValue Sequencer_impl::Run(const std::string& procedure, const COtxValue& arguments, bool startStopped) {
     OTX_TRACE(3, "\n<========== Run Sequence " << procedure << " ==========>");
     if (otx == nullptr) throw velkotx::OTXRuntimeException("No sequence loaded", "");
+    const GroupOfRun group;
     COtxValue result;
     try {
         context->PrepareRun(otx);

@@ -1,5 +1,6 @@
 // Construction and destruction of the Sequencer, and what it hands on to its context.
 #include <OTXContext/OtxContext.h>
+#include <Unwind.h>
 #include <VelkOTXe/Sequencer_impl.h>
 #include <otx/event/COtxEventSource.h>
 #include <schema/XmlPlatform.h>
@@ -30,14 +31,24 @@ bool beginsAsXml(std::istream& document) {
 
 }  // namespace
 
+// A document that can't be loaded leaves nothing behind.
 Sequencer_impl::Sequencer_impl(std::istream& document) {
-    COtxEventSource::ThreadGroup().AddRoot();
+    const bool isNewRoot = COtxEventSource::ThreadGroup().AddRoot();
     schema::XmlPlatform::initialise();
-    if (beginsAsXml(document))
-        LoadXML(document);
-    else
-        LoadCDR(document);
-    context = std::make_shared<OtxContext>();
+    try {
+        if (beginsAsXml(document))
+            LoadXML(document);
+        else
+            LoadCDR(document);
+        context = std::make_shared<OtxContext>();
+    }
+    OTX_PASS_FORCED_UNWIND
+    catch (...) {
+        otx.reset();
+        schema::XmlPlatform::terminate();
+        if (isNewRoot) COtxEventSource::ThreadGroup().RemoveRoot(std::this_thread::get_id());
+        throw;
+    }
 }
 
 // The root that goes is that of the destroying thread, whoever made the Sequencer. This is meant.

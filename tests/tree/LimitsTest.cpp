@@ -10,6 +10,7 @@ namespace tree_tests {
 namespace {
 
 TEST(Limits, NestingUpToTheLimitAndNotBeyond) {
+    if (!deepCallsFit) GTEST_SKIP() << "the thread sanitizer bears no deep calls";
     // otx, procedures, procedure, realisation, flow around the groups, two levels each.
     const std::size_t most = (schema::maximumDepth - 5) / 2;
     onThread(64 * 1024 * 1024, [most] {
@@ -37,6 +38,7 @@ TEST(Limits, ASmallStackGetsTheErrorInsteadOfACrash) {
 }
 
 TEST(Limits, ADeepTreeMayBeDroppedOnASmallStack) {
+    if (!deepCallsFit) GTEST_SKIP() << "the thread sanitizer bears no deep calls";
     std::shared_ptr<otxns::Otx> shared;
     onThread(64 * 1024 * 1024, [&shared] {
         const otxns::StackUse use;
@@ -48,6 +50,7 @@ TEST(Limits, ADeepTreeMayBeDroppedOnASmallStack) {
 }
 
 TEST(Limits, ADeepCompiledFileMeetsTheSameCheck) {
+    if (!deepCallsFit) GTEST_SKIP() << "the thread sanitizer bears no deep calls";
     std::string bytes;
     onThread(64 * 1024 * 1024, [&bytes] { bytes = compiled(*load(nestedGroups(4'000))); });
     onThread(256 * 1024, [&bytes] { EXPECT_THROW(fromCompiled(bytes), std::exception); });
@@ -71,6 +74,7 @@ std::string compiledGroups(std::size_t count, std::size_t eights) {
 }
 
 TEST(Limits, ACompiledFileMeetsTheLimitOfNestingToo) {
+    if (!deepCallsFit) GTEST_SKIP() << "the thread sanitizer bears no deep calls";
     onThread(64 * 1024 * 1024, [] {
         ASSERT_TRUE(compiledGroups(5, 12) == compiled(*load(nestedGroups(101))));
         // 4,997 groups of two levels each in five others.

@@ -32,7 +32,7 @@ public:
     static void SetReportingLevel(TLogSubSys subsystem, TLogLevel level) noexcept;
 
     // Where lines go, without their line end. Called by one thread at a time, with the thread's cancellation put off; must
-    // neither log itself nor end the thread. An empty function brings standard error back.
+    // neither log itself, nor call a Sequencer, nor end the thread. An empty function brings standard error back.
     static void SetSink(std::function<void(TLogSubSys, TLogLevel, const std::string& line)> sink);
 
     explicit CLog(TLogSubSys subsystem);

@@ -108,12 +108,9 @@ bool EventSource::isClosed() const {
 }
 
 void EventSource::ringAll() {
-    std::vector<std::weak_ptr<Bell>> watchers;
-    {
-        const std::lock_guard guard(sourceLock_);
-        watchers = watchers_;
-    }
-    for (const auto& watcher : watchers) {
+    // A bell takes no other lock, and is a small thing to destroy.
+    const std::lock_guard guard(sourceLock_);
+    for (const auto& watcher : watchers_) {
         if (const auto bell = watcher.lock()) bell->ring();
     }
 }

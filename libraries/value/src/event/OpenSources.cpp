@@ -40,6 +40,8 @@ std::vector<std::shared_ptr<EventSource>> OpenSources::ofGroup(std::thread::id t
     const std::thread::id root = COtxEventSource::ThreadGroup().RootOf(thread).value_or(thread);
     std::vector<std::shared_ptr<EventSource>> found;
     const std::lock_guard guard(sourcesLock_);
+    // At once, since a source that has to be let go of here would wait for the lock.
+    found.reserve(sources_.size());
     for (const auto& [address, entry] : sources_) {
         if (entry.root != root || (entry.lifeOfThread && entry.lifeOfThread->expired())) continue;
         if (auto source = entry.source.lock()) found.push_back(std::move(source));

@@ -5,36 +5,37 @@
 
 namespace HvtUtil {
 
-namespace {
-
-// The first group, by root, that holds the thread.
-template <class Groups>
-auto groupOf(Groups& groups, std::thread::id thread) {
-    return std::find_if(groups.begin(), groups.end(), [thread](const auto& group) {
+// What a thread has joined itself comes first: its number may stand in an older group too, from a thread that is gone.
+ThreadGroup::Groups::iterator ThreadGroup::find(std::thread::id thread) {
+    if (const auto joined = joined_.find(thread); joined != joined_.end()) return groups_.find(joined->second);
+    return std::find_if(groups_.begin(), groups_.end(), [thread](const auto& group) {
         return std::find(group.second.begin(), group.second.end(), thread) != group.second.end();
     });
 }
 
-}  // namespace
-
-void ThreadGroup::AddRoot() {
+bool ThreadGroup::AddRoot() {
     const auto self = std::this_thread::get_id();
     const std::lock_guard guard(groupsLock_);
-    groups_.try_emplace(self, 1, self);
+    return groups_.try_emplace(self, 1, self).second;
 }
 
 void ThreadGroup::Join(std::thread::id parent) {
+    const auto self = std::this_thread::get_id();
     const std::lock_guard guard(groupsLock_);
-    const auto group = groupOf(groups_, parent);
-    if (group != groups_.end()) group->second.push_back(std::this_thread::get_id());
+    const auto group = find(parent);
+    if (group == groups_.end()) return;
+    joined_[self] = group->first;
+    group->second.push_back(self);
 }
 
 void ThreadGroup::Leave() {
     const auto self = std::this_thread::get_id();
     const std::lock_guard guard(groupsLock_);
-    const auto group = groupOf(groups_, self);
+    const auto group = find(self);
+    joined_.erase(self);
     if (group == groups_.end()) return;
-    group->second.erase(std::find(group->second.begin(), group->second.end(), self));
+    const auto member = std::find(group->second.begin(), group->second.end(), self);
+    if (member != group->second.end()) group->second.erase(member);
 }
 
 void ThreadGroup::RemoveRoot(std::thread::id root) {
@@ -42,9 +43,9 @@ void ThreadGroup::RemoveRoot(std::thread::id root) {
     groups_.erase(root);
 }
 
-std::optional<std::thread::id> ThreadGroup::RootOf(std::thread::id thread) const {
+std::optional<std::thread::id> ThreadGroup::RootOf(std::thread::id thread) {
     const std::lock_guard guard(groupsLock_);
-    const auto group = groupOf(groups_, thread);
+    const auto group = find(thread);
     if (group == groups_.end()) return std::nullopt;
     return group->first;
 }

@@ -1,0 +1,26 @@
+// Running one procedure of a document of bench/programs.
+#pragma once
+
+#include <otx/value/Values.h>
+#include <velkotx/Sequencer.h>
+
+#include <benchmark/benchmark.h>
+
+#include <fstream>
+#include <memory>
+#include <string>
+
+class SilentSink : public velkotx::HostEventSink {
+public:
+    void sendRequest(const COtxValue&) override {}
+};
+
+inline void runProcedure(benchmark::State& state, const std::string& document, const std::string& procedure, long long n) {
+    std::ifstream file(std::string(PROGRAMS_FOLDER "/") + document + ".otx");
+    const auto sequencer = velkotx::CreateSequencer(file);
+    const auto sink = std::make_shared<SilentSink>();
+    sequencer->SetHost(sink);
+    const COtxMap arguments(std::map<const std::string, COtxValue>{{"n", COtxInt(n)}});
+    for (auto _ : state) benchmark::DoNotOptimize(sequencer->Run(procedure, arguments, false));
+    state.counters["n"] = static_cast<double>(n);
+}
