@@ -10,6 +10,8 @@ namespace otxns {
 // Holds flowLock from the decision to the end of the event, so that no command comes between them. The state is read
 // once: a change that comes later is seen at the next checkpoint.
 void OtxContext::checkClosely(OtxFlow& flow, std::thread::id thread) {
+    // Nearly always there is only a breakpoint elsewhere, which needs no lock.
+    if (flow.state.load() == FlowState::running && !standsAtBreakpoint(flow)) return;
     std::unique_lock commands(flowLock);
     switch (flow.state.load()) {
         case FlowState::cancelled:
@@ -30,7 +32,8 @@ void OtxContext::checkClosely(OtxFlow& flow, std::thread::id thread) {
 
 bool OtxContext::standsAtBreakpoint(const OtxFlow& flow) const {
     const Node* const node = flow.node.load(std::memory_order_relaxed);
-    return node != nullptr && breakpoints.count(node->id()) != 0;
+    const Breakpoints* const current = breakpoints.load(std::memory_order_acquire);
+    return node != nullptr && current != nullptr && current->count(node->id()) != 0;
 }
 
 // The event goes out under flowLock: a command of another thread waits until the host knows of the stop. It doesn't go

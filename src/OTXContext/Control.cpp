@@ -125,21 +125,35 @@ void OtxContext::wake(const Target& target, FlowState state) {
     if (!found) throw std::runtime_error("No threads stopped");
 }
 
+std::set<std::string> OtxContext::breakpointIds() const {
+    const Breakpoints* const current = breakpoints;
+    return current != nullptr ? *current : Breakpoints();
+}
+
+void OtxContext::publishBreakpoints(std::set<std::string> ids) {
+    const Breakpoints* published = nullptr;
+    if (!ids.empty()) {
+        breakpointSets.push_back(std::make_unique<const Breakpoints>(std::move(ids)));
+        published = breakpointSets.back().get();
+    }
+    breakpoints.store(published, std::memory_order_release);
+    if (flows.empty()) std::erase_if(breakpointSets, [&](const auto& set) { return set.get() != published; });
+}
+
 void OtxContext::setBreakpoints(const COtxValue& params) {
     const COtxValue ids = OTX::GetParameter(params, "breakpoints", OTX::ValueType::List);
     std::set<std::string> added;
     for (const COtxValue& id : ids.List()) added.insert(id.String());
-    breakpoints.merge(added);
-    breakpointCount = breakpoints.size();
+    added.merge(breakpointIds());
+    publishBreakpoints(std::move(added));
 }
 
 void OtxContext::clearBreakpoints(const COtxValue& params) {
     const COtxValue ids = OTX::GetOptionalParameter(params, "breakpoints", COtxList(), OTX::ValueType::List);
     std::set<std::string> left;
-    if (!ids.List().empty()) left = breakpoints;
+    if (!ids.List().empty()) left = breakpointIds();
     for (const COtxValue& id : ids.List()) left.erase(id.String());
-    breakpoints.swap(left);
-    breakpointCount = breakpoints.size();
+    publishBreakpoints(std::move(left));
 }
 
 void OtxContext::inject(const Target& target, const COtxValue& params) {

@@ -136,7 +136,7 @@ private:
 
     void check(OtxFlow& flow, std::thread::id thread) {
         if (flow.state.load(std::memory_order_relaxed) != FlowState::running ||
-            breakpointCount.load(std::memory_order_relaxed) != 0) [[unlikely]]
+            breakpoints.load(std::memory_order_relaxed) != nullptr) [[unlikely]]
             checkClosely(flow, thread);
     }
     void checkClosely(OtxFlow& flow, std::thread::id thread);
@@ -146,6 +146,8 @@ private:
     // The commands. All under flowLock.
     void stop(const Target& target);
     void wake(const Target& target, FlowState state);
+    std::set<std::string> breakpointIds() const;
+    void publishBreakpoints(std::set<std::string> ids);
     void setBreakpoints(const COtxValue& params);
     void clearBreakpoints(const COtxValue& params);
     void inject(const Target& target, const COtxValue& params);
@@ -188,8 +190,11 @@ private:
     // Guards flows, breakpoints and nextFlowId, each whole command, and the event of a stopping flow.
     mutable std::recursive_mutex flowLock;
     std::map<std::thread::id, OtxFlow> flows;
-    std::set<std::string> breakpoints;
-    std::atomic<std::size_t> breakpointCount{0};
+    // All sets that were published while there were flows, the last one being the one in use: a checkpoint may still look
+    // into an older one. Null for no breakpoints.
+    using Breakpoints = std::set<std::string>;
+    std::vector<std::unique_ptr<const Breakpoints>> breakpointSets;
+    std::atomic<const Breakpoints*> breakpoints{nullptr};
     unsigned nextFlowId = 0;
 };
 
