@@ -34,7 +34,7 @@ std::uint64_t Bell::rings() const {
     return rings_;
 }
 
-EventSource::EventSource() { watchers_.push_back(bell_); }
+EventSource::EventSource() = default;
 
 EventSource::~EventSource() { OpenSources::instance().remove(this); }
 
@@ -108,9 +108,14 @@ bool EventSource::isClosed() const {
 }
 
 void EventSource::ringAll() {
-    // A bell takes no other lock, and is a small thing to destroy.
-    const std::lock_guard guard(sourceLock_);
-    for (const auto& watcher : watchers_) {
+    // Rung without the lock, which the woken thread wants at once.
+    bell_->ring();
+    std::vector<std::weak_ptr<Bell>> watchers;
+    {
+        const std::lock_guard guard(sourceLock_);
+        watchers = watchers_;
+    }
+    for (const auto& watcher : watchers) {
         if (const auto bell = watcher.lock()) bell->ring();
     }
 }

@@ -75,6 +75,7 @@ private:
     mutable std::mutex sourceLock_;
     std::deque<COtxValue> queue_;
     bool closed_ = false;
+    // Of multi-sources that this is a member of.
     std::vector<std::weak_ptr<Bell>> watchers_;
 
     // For those who wait on this source itself.
