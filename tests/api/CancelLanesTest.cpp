@@ -123,6 +123,19 @@ TEST_F(CancelLanes, AtAParallelCancelsTheLanesThatItStartsAfterwards) {
     EXPECT_EQ(host->count(), 1U);
 }
 
+TEST_F(CancelLanes, HoldsForLanesThatBeginAfterwardsAlsoWhenTheParentWasToldToRun) {
+    begin(procedure("main", parallel("n1", {set("a1", "x", 1), waitForTerm("w1", timer(3600000))}) + set("a2", "g", 1)));
+    setBreakpoints({"n1"});
+    host->reaction = [this](const COtxValue&) {
+        EXPECT_EQ(control("cancel"), ok);
+        EXPECT_EQ(control("run"), "failure No threads stopped") << "which takes the cancellation of the parent back";
+    };
+    start();
+    EXPECT_EQ(outcome(), "{}");
+    EXPECT_EQ(global("x"), 0);
+    EXPECT_EQ(global("g"), 1);
+}
+
 TEST_F(CancelLanes, HidesTheExceptionOfALane) {
     begin(procedure("main",
                     parallel("n1", {set("a1", "x", 1) + throwUser("t1", "q", "t"), forEver("l1", increment("a2", "y"))})));
