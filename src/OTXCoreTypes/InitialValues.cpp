@@ -1,5 +1,5 @@
 // The initial values of the data types: `init` evaluated, else the type's default.
-#include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTypes/InitialValue.h>
 #include <otx/value/COtxBool.h>
 #include <otx/value/COtxByteField.h>
 #include <otx/value/COtxFloat.h>
@@ -9,16 +9,6 @@
 #include <otx/value/COtxString.h>
 
 namespace otxns {
-
-namespace {
-
-template <class Type, class MakeDefault>
-COtxValue initialValue(const Type& type, OtxContext& context, MakeDefault makeDefault) {
-    if (type.init().present()) return evaluate(type.init().get(), context);
-    return makeDefault();
-}
-
-}  // namespace
 
 template <>
 COtxValue Boolean_impl<Boolean_base>::eval(OtxContext& context) const {

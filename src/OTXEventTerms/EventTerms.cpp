@@ -1,8 +1,6 @@
 // The terms that take an event apart.
-#include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/VariableAccess.h>
-#include <otx/event/IEvent.h>
-#include <otx/value/COtxBool.h>
+#include <OTXEventTerms/EventKinds.h>
 #include <otx/value/COtxException.h>
 #include <otx/value/IString.h>
 #include <schema/Event.h>
@@ -11,19 +9,9 @@ namespace Event {
 
 namespace {
 
-bool is(const OTX::IEvent& event, OTX::EventKind kind) {
-    return event.Kind() == static_cast<int>(kind);
-}
-
 bool tellsOfVariable(const OTX::IEvent& event) {
-    return is(event, OTX::EventKind::MonitorChange) || is(event, OTX::EventKind::ThresholdExceeded);
-}
-
-// For the terms that ask for one kind of event.
-template <class Term>
-COtxValue testKind(const Term& term, OTX::EventKind kind, otxns::OtxContext& context) {
-    const COtxValue value = otxns::evaluate(term.event(), context);
-    return COtxBool(is(value.Event(), kind));
+    return otxns::isOfKind(event, OTX::EventKind::MonitorChange) ||
+           otxns::isOfKind(event, OTX::EventKind::ThresholdExceeded);
 }
 
 }  // namespace
@@ -40,12 +28,12 @@ COtxValue EventSourceValue_impl<EventSourceValue_base>::eval(otxns::OtxContext& 
 
 template <>
 COtxValue IsTimerExpiredEvent_impl<IsTimerExpiredEvent_base>::eval(otxns::OtxContext& context) const {
-    return testKind(*this, OTX::EventKind::TimerExpired, context);
+    return otxns::isOfKind(event(), OTX::EventKind::TimerExpired, context);
 }
 
 template <>
 COtxValue IsThresholdExceededEvent_impl<IsThresholdExceededEvent_base>::eval(otxns::OtxContext& context) const {
-    return testKind(*this, OTX::EventKind::ThresholdExceeded, context);
+    return otxns::isOfKind(event(), OTX::EventKind::ThresholdExceeded, context);
 }
 
 // A threshold event counts as a change too, unlike the other way round; this is meant.

@@ -123,16 +123,16 @@ TEST_F(CancelLanes, AtAParallelCancelsTheLanesThatItStartsAfterwards) {
     EXPECT_EQ(host->count(), 1U);
 }
 
-TEST_F(CancelLanes, HoldsForLanesThatBeginAfterwardsAlsoWhenTheParentWasToldToRun) {
-    begin(procedure("main", parallel("n1", {set("a1", "x", 1), waitForTerm("w1", timer(3600000))}) + set("a2", "g", 1)));
+TEST_F(CancelLanes, TakenBackByARunIsNoneForTheLanesThatBeginAfterwards) {
+    begin(procedure("main", parallel("n1", {set("a1", "x", 1) + waitForTerm("w1", timer(0))}) + set("a2", "g", 1)));
     setBreakpoints({"n1"});
     host->reaction = [this](const COtxValue&) {
         EXPECT_EQ(control("cancel"), ok);
-        EXPECT_EQ(control("run"), "failure No threads stopped") << "which takes the cancellation of the parent back";
+        EXPECT_EQ(control("run"), "failure No threads stopped") << "the flow goes on already, and its state is written";
     };
     start();
     EXPECT_EQ(outcome(), "{}");
-    EXPECT_EQ(global("x"), 0);
+    EXPECT_EQ(global("x"), 1);
     EXPECT_EQ(global("g"), 1);
 }
 
