@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 # The system's own interpreter: others that stand first on the PATH may lack what the tools need.
 CMAKE_FLAGS ?= -DPython3_EXECUTABLE=/usr/bin/python3
 
-.PHONY: all demo test test-release test-asan test-tsan bench sweep fuzz clean packages
+.PHONY: all demo test test-release test-asan test-tsan bench sweep stress fuzz clean packages
 
 all: build-release
 
@@ -46,6 +46,11 @@ sweep: build-release
 	@/usr/bin/python3 -B tests/modules/generate.py schema/catalogue build/release/tests/modules
 	@build/release/bin/otx_sweep --processes $(JOBS) examples
 	@build/release/bin/otx_sweep --processes $(JOBS) --every $(SWEEP_MODULES_EVERY) build/release/tests/modules
+
+# Runs of lanes, waits and commands against each other: 10,000 cancelled runs, a minute of stop and run, and more.
+STRESS_FACTOR ?= 20
+stress: build-release
+	@VELKOTX_STRESS=$(STRESS_FACTOR) build/release/bin/stress_tests
 
 # Each loader under the fuzzer for FUZZ_SECONDS.
 FUZZ_SECONDS ?= 60

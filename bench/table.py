@@ -73,9 +73,10 @@ def load(build):
 
 def lanes(build):
     runs = suite(build, "bench_lanes", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
-    time = {name: runs[f"{name}/real_time_median"]["real_time"] for name in ("lanes/one", "lanes/two", "lanes/start", "bareThreads", "lanes/wake", "bareWakes")}
+    time = {name: runs[f"{name}/real_time_median"]["real_time"] for name in ("lanes/one", "lanes/two", "lanes/start", "bareThreads", "lanes/wake", "bareWakes", "bareWork/1", "bareWork/2")}
     print(f"\n{'lanes':44} {'ratio':>6} {'goal':>6}")
     print(f"{'work of two lanes, of one':44} {2 * time['lanes/one'] / time['lanes/two']:6.2f} {'>= 1.8':>6}")
+    print(f"{'  of two bare threads, of one':44} {2 * time['bareWork/1'] / time['bareWork/2']:6.2f}")
     print(f"{'a lane, of a bare std::async':44} {time['lanes/start'] / time['bareThreads']:6.2f} {1.3:6.2f}")
     print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
 

@@ -4,6 +4,8 @@
 #include <condition_variable>
 #include <future>
 #include <mutex>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -13,6 +15,19 @@ constexpr long long woken = 5'000;
 
 void lanes(benchmark::State& state, const std::string& procedure, long long n) {
     runProcedure(state, "lanes", procedure, n);
+}
+
+// What the machine gives two threads that have nothing to do with each other.
+void bareWork(benchmark::State& state) {
+    const auto work = [] {
+        volatile long long sum = 0;
+        for (long long i = 0; i < 20'000'000; ++i) sum = sum + i;
+    };
+    for (auto _ : state) {
+        std::vector<std::thread> threads;
+        for (int number = 0; number < state.range(0); ++number) threads.emplace_back(work);
+        for (auto& thread : threads) thread.join();
+    }
 }
 
 // One after the other, as the lanes of the procedure `start`.
@@ -65,6 +80,7 @@ void bareWakes(benchmark::State& state) {
 
 BENCHMARK_CAPTURE(lanes, one, "one", counted)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(lanes, two, "two", counted)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(bareWork)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(lanes, start, "start", started)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(bareThreads)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(lanes, wake, "wake", woken)->Unit(benchmark::kMillisecond)->UseRealTime();

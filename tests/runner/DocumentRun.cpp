@@ -8,6 +8,7 @@
 #include "Stepper.h"
 #include "TraceRecorder.h"
 #include "Transcript.h"
+#include "recording/RecordingVehicle.h"
 
 #include <otx/value/Json.h>
 #include <velkotx/Sequencer.h>
@@ -58,6 +59,7 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     Transcript transcript;
     const TraceRecorder recorder(script.trace, transcript);
 
+    RecordingVehicle vehicle(transcript, script.failures);
     std::shared_ptr<velkotx::Sequencer> sequencer;
     try {
         sequencer = velkotx::CreateSequencer(*streamOf(document));
@@ -71,6 +73,7 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
 
     const auto host = std::make_shared<RecordingHost>(transcript, script.stopKeys);
     if (script.withHost) sequencer->SetHost(host);
+    if (script.withVehicle) vehicle.giveTo(*sequencer);
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
     const auto work = [&] { runSteps(*sequencer, *host, script, stepped, transcript); };
     // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.

@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -16,6 +17,14 @@ std::pair<std::string, std::string> split(const std::string& text) {
     if (end == std::string::npos) return {text, ""};
     const auto rest = text.find_first_not_of(' ', end);
     return {text.substr(0, end), rest == std::string::npos ? "" : text.substr(rest)};
+}
+
+// Nothing if the text isn't a number.
+std::optional<int> numberIn(const std::string& text) {
+    int number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (read.ec != std::errc() || read.ptr != text.data() + text.size()) return std::nullopt;
+    return number;
 }
 
 std::vector<std::string> words(std::string text) {
@@ -61,15 +70,20 @@ void ExpectFile::readDirective(const std::string& line) {
     } else if (directive == "log") {
         const auto [level, pattern] = split(rest);
         TraceFilter filter;
-        const auto read = std::from_chars(level.data(), level.data() + level.size(), filter.level);
-        if (read.ec != std::errc() || read.ptr != level.data() + level.size())
-            throw std::runtime_error("no level: " + line);
+        const auto number = numberIn(level);
+        if (!number) throw std::runtime_error("no level: " + line);
+        filter.level = *number;
         if (!pattern.empty()) filter.pattern = pattern;
         script_.trace.push_back(filter);
     } else if (directive == "stops") {
         script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
     } else if (directive == "nohost") {
         script_.withHost = false;
+    } else if (directive == "host") {
+        if (rest != "RECORD") throw std::runtime_error("no such host: " + line);
+        script_.withVehicle = true;
+    } else if (directive == "fail") {
+        readFailure(line, rest);
     } else if (directive == "skip") {
         const auto [name, reason] = split(rest);
         const auto mode = modeNamed(name);
@@ -78,6 +92,25 @@ void ExpectFile::readDirective(const std::string& line) {
     } else {
         throw std::runtime_error("no such directive: " + line);
     }
+}
+
+void ExpectFile::readFailure(const std::string& line, const std::string& text) {
+    const auto [call, rest] = split(text);
+    const auto [kind, message] = split(rest);
+    const auto number = numberIn(call);
+    if (!number || *number < 1) throw std::runtime_error("no number of a call: " + line);
+    HostFailure failure;
+    failure.text = message;
+    if (kind == "std") {
+        failure.kind = HostFailure::Kind::standard;
+    } else if (kind == "int") {
+        failure.kind = HostFailure::Kind::integer;
+    } else if (const auto exceptionKind = numberIn(kind)) {
+        failure.exceptionKind = *exceptionKind;
+    } else {
+        throw std::runtime_error("no kind of failure: " + line);
+    }
+    script_.failures[*number] = failure;
 }
 
 void ExpectFile::rewrite(const std::vector<std::string>& transcript) const {

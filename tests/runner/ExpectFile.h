@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Mode.h"
+#include "recording/CallRecorder.h"
 
 #include <filesystem>
 #include <map>
@@ -30,6 +31,8 @@ struct Script {
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
     bool withHost = true;
+    bool withVehicle = false;  // the recording host objects
+    HostFailures failures;
     std::map<Mode, std::string> skipped;  // the reason by mode
 };
 
@@ -46,6 +49,7 @@ public:
 
 private:
     void readDirective(const std::string& line);
+    void readFailure(const std::string& line, const std::string& text);
 
     std::filesystem::path path_;
     std::vector<std::string> directives_;
