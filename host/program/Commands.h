@@ -9,6 +9,9 @@ namespace velkotx::host {
 // Runs a procedure and prints its outcome. Throws UsageError.
 int run(const RunOptions& options, const Streams& streams);
 
+// Runs procedures step by step, as the user says. Throws UsageError.
+int debug(const DebugOptions& options, const Streams& streams);
+
 // Describes a document. Throws UsageError.
 int info(const InfoOptions& options, const Streams& streams);
 

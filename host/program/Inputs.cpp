@@ -49,10 +49,14 @@ std::unique_ptr<std::istream> Inputs::open(const std::string& name) {
 std::string Inputs::read(const std::string& name) {
     if (name != "-")
         return readAll(*openFile(name));
+    takeStandardInput();
+    return readAll(standardInput_);
+}
+
+void Inputs::takeStandardInput() {
     if (standardInputTaken_)
         throw UsageError("only one input can be -, standard input");
     standardInputTaken_ = true;
-    return readAll(standardInput_);
 }
 
 std::string displayName(const std::string& name) {

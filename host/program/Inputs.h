@@ -26,6 +26,9 @@ public:
     // The whole content. Throws as open does.
     std::string read(const std::string& name);
 
+    // Standard input is read by someone else from here on. Throws UsageError if it was taken before.
+    void takeStandardInput();
+
 private:
     std::istream& standardInput_;
     bool standardInputTaken_ = false;

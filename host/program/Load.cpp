@@ -18,11 +18,10 @@ Outcome unloadable(const char* reason) {
     return {Outcome::Kind::unloadable, COtxValue(), reason, {}};
 }
 
-}  // namespace
-
-std::variant<std::shared_ptr<Sequencer>, Outcome> load(Inputs& inputs, const std::string& document) {
+template <class Open>
+Loaded attempt(const Open& open) {
     try {
-        return CreateSequencer(*inputs.open(document));
+        return open();
     } catch (const UsageError&) {
         throw;
     } catch (const std::exception& error) {
@@ -32,6 +31,16 @@ std::variant<std::shared_ptr<Sequencer>, Outcome> load(Inputs& inputs, const std
     } catch (...) {
         return unloadable("unknown exception");
     }
+}
+
+}  // namespace
+
+Loaded load(Inputs& inputs, const std::string& document) {
+    return attempt([&] { return CreateSequencer(*inputs.open(document)); });
+}
+
+Loaded load(std::istream& document) {
+    return attempt([&] { return CreateSequencer(document); });
 }
 
 }  // namespace velkotx::host

@@ -33,6 +33,16 @@ constexpr const char* runFooter =
     "  velkotx run examples/06-map-decision.otx --args examples/06-map-decision.json \\\n"
     "          --context examples/06-map-decision.context.json";
 
+constexpr const char* debugFooter =
+    "Commands come from a prompt, or line by line from standard input; 'help' lists them. Ctrl-C stops\n"
+    "the run at its next statement.\n"
+    "\n"
+    "Exit status: that of the last run's outcome, as of run; 0 when nothing was run.\n"
+    "\n"
+    "Examples:\n"
+    "  velkotx debug examples/02-retry.otx --arg refusals=2\n"
+    "  printf 'start\\nstep\\nvars\\n' | velkotx debug examples/04-sort.otx";
+
 constexpr const char* infoFooter =
     "Exit status: 0 described, 2 bad usage or a document that can't be loaded.\n"
     "\n"
@@ -64,27 +74,51 @@ void addFile(CLI::App& command, const std::string& name, std::string& file, cons
     command.add_option(name, file, help)->type_name("FILE");
 }
 
-void addDocument(CLI::App& command, std::string& document) {
-    command.add_option("FILE", document, "The OTX document; - for standard input")->required()->type_name("");
+void addDocument(CLI::App& command, std::string& document,
+                 const std::string& help = "The OTX document; - for standard input") {
+    command.add_option("FILE", document, help)->required()->type_name("");
+}
+
+// One value each, so that FILE may follow.
+CLI::Option& addRepeatable(CLI::App& command, const std::string& name, std::vector<std::string>& values,
+                           const std::string& help) {
+    return *command.add_option(name, values, help)->allow_extra_args(false);
+}
+
+void addSetUp(CLI::App& command, SetUpOptions& options) {
+    command.add_option("PROCEDURE", options.procedure, "The procedure to run")->type_name("")->capture_default_str();
+    addRepeatable(command, "--arg", options.arguments,
+                  "An in-argument; VALUE is JSON, else a plain string. Wins over --args")
+        .type_name("NAME=VALUE");
+    addFile(command, "--args", options.argumentsFile, "In-arguments: a JSON object of name to value");
+    addFile(command, "--context", options.contextFile, "Context variables: a JSON object of name to value");
+    addFile(command, "--translations", options.translationsFile, "Translations: a JSON object of key to text");
+    addFile(command, "--messages", options.messagesFile,
+            "Write every message to the host here, one JSON object a line");
 }
 
 void addRun(CLI::App& program, RunOptions& options) {
     CLI::App& run = *program.add_subcommand("run", "Run a procedure of a document and print its out parameters");
     addDocument(run, options.document);
-    run.add_option("PROCEDURE", options.procedure, "The procedure to run")->type_name("")->capture_default_str();
-    run.add_option("--arg", options.arguments, "An in-argument; VALUE is JSON, else a plain string. Wins over --args")
-        ->type_name("NAME=VALUE")
-        ->allow_extra_args(false);  // one VALUE each, so that FILE may follow
-    addFile(run, "--args", options.argumentsFile, "In-arguments: a JSON object of name to value");
-    addFile(run, "--context", options.contextFile, "Context variables: a JSON object of name to value");
-    addFile(run, "--translations", options.translationsFile, "Translations: a JSON object of key to text");
-    addFile(run, "--messages", options.messagesFile, "Write every message to the host here, one JSON object a line");
+    addSetUp(run, options);
     run.add_option("--log", options.logLevel,
                    "Write the trace and the sequence's log up to this level to standard error")
         ->type_name("LEVEL (0 to 7)")
         ->check(CLI::Range(0, 7).description(""));
     run.add_flag("--json", options.json, "Print the outcome as one JSON object");
+    addRepeatable(run, "--break", options.breakpoints, "Stop at the node of this id; needs --control or --answers")
+        .type_name("ID");
+    run.add_flag("--start-stopped", options.startStopped, "Stop at the first node; needs --control or --answers");
+    addFile(run, "--control", options.controlFile, "Do what the lines of this file say, one JSON object each");
+    addFile(run, "--answers", options.answersFile, "Answer messages by the rules of this file, a JSON array");
     run.footer(runFooter);
+}
+
+void addDebug(CLI::App& program, DebugOptions& options) {
+    CLI::App& debug = *program.add_subcommand("debug", "Run a procedure of a document step by step");
+    addDocument(debug, options.document, "The OTX document");
+    addSetUp(debug, options);
+    debug.footer(debugFooter);
 }
 
 void addInfo(CLI::App& program, InfoOptions& options) {
@@ -113,7 +147,7 @@ void addDump(CLI::App& program, DumpOptions& options) {
 std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
     if (!program.get_subcommands().empty())
         return error.what();
-    const std::string commands = "run, info, compile or dump";
+    const std::string commands = "run, debug, info, compile or dump";
     const std::vector<std::string> words = program.remaining();
     return words.empty() ? "a command is missing: " + commands : "'" + words.front() + "' is no command: " + commands;
 }
@@ -122,6 +156,7 @@ std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
 
 Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
     RunOptions run;
+    DebugOptions debug;
     InfoOptions info;
     CompileOptions compile;
     DumpOptions dump;
@@ -132,6 +167,7 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     program.get_formatter()->label("Subcommands", "Commands");
     program.footer(programFooter);
     addRun(program, run);
+    addDebug(program, debug);
     addInfo(program, info);
     addCompile(program, compile);
     addDump(program, dump);
@@ -145,6 +181,8 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     }
     if (program.got_subcommand("run"))
         return run;
+    if (program.got_subcommand("debug"))
+        return debug;
     if (program.got_subcommand("compile"))
         return compile;
     if (program.got_subcommand("dump"))

@@ -9,8 +9,8 @@
 
 namespace velkotx::host {
 
-// velkotx run FILE [PROCEDURE]. Empty file names stand for options that weren't given, "-" for standard input.
-struct RunOptions {
+// What a procedure is run with. Empty file names stand for options that weren't given, "-" for standard input.
+struct SetUpOptions {
     std::string document;
     std::string procedure = "main";
     std::vector<std::string> arguments;  // NAME=VALUE, in the order given
@@ -18,9 +18,20 @@ struct RunOptions {
     std::string contextFile;
     std::string translationsFile;
     std::string messagesFile;
+};
+
+// velkotx run FILE [PROCEDURE].
+struct RunOptions : SetUpOptions {
     std::optional<int> logLevel;
     bool json = false;
+    std::vector<std::string> breakpoints;  // ids of nodes
+    bool startStopped = false;
+    std::string controlFile;
+    std::string answersFile;
 };
+
+// velkotx debug FILE [PROCEDURE].
+struct DebugOptions : SetUpOptions {};
 
 // velkotx info FILE.
 struct InfoOptions {
@@ -44,7 +55,7 @@ struct Answered {
     int status;
 };
 
-using Options = std::variant<RunOptions, InfoOptions, CompileOptions, DumpOptions, Answered>;
+using Options = std::variant<RunOptions, DebugOptions, InfoOptions, CompileOptions, DumpOptions, Answered>;
 
 // Parses the command line. Help and version go to `out`, one line about bad usage to `err`.
 Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err);

@@ -62,10 +62,11 @@ std::string toJson(const Outcome& outcome) {
     return object.text();
 }
 
-Outcome runProcedure(Sequencer& sequencer, const std::string& procedure, const COtxValue& arguments) {
+Outcome runProcedure(Sequencer& sequencer, const std::string& procedure, const COtxValue& arguments,
+                     bool startStopped) {
     try {
         Outcome outcome;
-        outcome.out = sequencer.Run(procedure, arguments, false);
+        outcome.out = sequencer.Run(procedure, arguments, startStopped);
         return outcome;
     } catch (const OTXSequenceException& exception) {
         return failure(Outcome::Kind::exception, exception.what(), exception.text());

@@ -29,7 +29,9 @@ int exitStatus(Outcome::Kind kind);
 // The outcome as one JSON object, without a line break.
 std::string toJson(const Outcome& outcome);
 
-// Runs the procedure; whatever ends the run becomes its outcome. Lets only the cancellation of the thread pass.
-Outcome runProcedure(Sequencer& sequencer, const std::string& procedure, const COtxValue& arguments);
+// Runs the procedure, from a stop at its first node if that is asked for; whatever ends the run becomes its outcome. Lets
+// only the cancellation of the thread pass.
+Outcome runProcedure(Sequencer& sequencer, const std::string& procedure, const COtxValue& arguments,
+                     bool startStopped = false);
 
 }  // namespace velkotx::host

@@ -17,6 +17,7 @@ struct Answer {
     const Streams& streams;
 
     int operator()(const RunOptions& options) const { return run(options, streams); }
+    int operator()(const DebugOptions& options) const { return debug(options, streams); }
     int operator()(const InfoOptions& options) const { return info(options, streams); }
     int operator()(const CompileOptions& options) const { return compile(options, streams); }
     int operator()(const DumpOptions& options) const { return dump(options, streams); }

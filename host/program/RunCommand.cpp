@@ -1,21 +1,20 @@
 // velkotx run: a host of one run.
 #include "program/Commands.h"
 
-#include "objects/JsonLinesEventSink.h"
-#include "objects/SilentEventSink.h"
+#include "program/Breakpoints.h"
 #include "program/Inputs.h"
 #include "program/InterruptWatcher.h"
 #include "program/Load.h"
 #include "program/Report.h"
+#include "program/SetUp.h"
 #include "program/UsageError.h"
-#include "program/Values.h"
+#include "program/script/InterruptibleLines.h"
+#include "program/script/ScriptedHost.h"
 
 #include <otx/log/CLog.h>
 #include <velkotx/Sequencer.h>
 
-#include <cerrno>
-#include <fstream>
-#include <system_error>
+#include <optional>
 
 namespace velkotx::host {
 
@@ -30,53 +29,65 @@ void setLogLevel(int level) {
     Hvt::CLog::SetReportingLevel(trace, level);
 }
 
-// The file of --messages, if there is one, with the sink that writes it.
-class Messages {
-public:
-    explicit Messages(const std::string& file) {
-        if (file.empty()) {
-            sink_ = std::make_shared<SilentEventSink>();
-            return;
-        }
-        if (file == "-")
-            throw UsageError("--messages: a file is needed, standard output has the outcome");
-        errno = 0;
-        stream_.open(file, std::ios::binary);
-        if (!stream_)
-            throw UsageError(file + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
-        sink_ = std::make_shared<JsonLinesEventSink>(stream_);
-    }
+bool isScripted(const RunOptions& options) {
+    return !options.controlFile.empty() || !options.answersFile.empty();
+}
 
-    const std::shared_ptr<HostEventSink>& sink() const { return sink_; }
+void requireScriptForStops(const RunOptions& options) {
+    if (isScripted(options))
+        return;
+    const char* const stops = options.startStopped ? "--start-stopped" : "--break";
+    if (options.startStopped || !options.breakpoints.empty())
+        throw UsageError(std::string(stops) + ": --control or --answers is needed, else nobody resumes the run");
+}
 
-private:
-    std::ofstream stream_;
-    std::shared_ptr<HostEventSink> sink_;
-};
+void setBreakpoints(Sequencer& sequencer, const std::vector<std::string>& ids) {
+    if (!ids.empty())
+        sequencer.Control("setbp", breakpointParameters(ids));
+}
+
+Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp) {
+    const InterruptWatcher watcher(sequencer);
+    return runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+}
+
+Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp, ScriptedHost& host) {
+    const InterruptWatcher watcher(sequencer);  // ahead of all other threads
+    host.start();
+    Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+    host.finish();
+    return outcome;
+}
 
 }  // namespace
 
 int run(const RunOptions& options, const Streams& streams) {
+    requireScriptForStops(options);
     Inputs inputs(streams.in);
     if (options.logLevel)
         setLogLevel(*options.logLevel);
-    const COtxValue arguments = readArguments(inputs, options.argumentsFile, options.arguments);
-    const COtxValue context = readObject(inputs, options.contextFile);
-    const COtxValue translations = readObject(inputs, options.translationsFile);
-    const Messages messages(options.messagesFile);
+    const SetUp setUp(inputs, options);
+    std::vector<AnswerRule> answers;
+    if (!options.answersFile.empty())
+        answers = readAnswers(inputs, options.answersFile);
+    std::optional<InterruptibleLines> lines;
+    if (!options.controlFile.empty())
+        lines.emplace(inputs, options.controlFile);
     const auto loaded = load(inputs, options.document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded))
         return report(*unloadable, options.document, options.json, streams);
 
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
-    sequencer.SetHost(messages.sink());
-    sequencer.SetContextVariables(context);
-    sequencer.SetTranslations(translations);
-    const Outcome outcome = [&] {
-        const InterruptWatcher watcher(sequencer);
-        return runProcedure(sequencer, options.procedure, arguments);
-    }();
-    return report(outcome, options.document, options.json, streams);
+    setUp.apply(sequencer);
+    setBreakpoints(sequencer, options.breakpoints);
+    if (!isScripted(options)) {
+        sequencer.SetHost(setUp.messages());
+        return report(runToEnd(sequencer, options, setUp), options.document, options.json, streams);
+    }
+    const auto host = std::make_shared<ScriptedHost>(sequencer, setUp.messages(), std::move(answers),
+                                                     lines ? &*lines : nullptr, streams.err);
+    sequencer.SetHost(host);
+    return report(runToEnd(sequencer, options, setUp, *host), options.document, options.json, streams);
 }
 
 }  // namespace velkotx::host

@@ -12,6 +12,7 @@ class FakeSequencer : public velkotx::Sequencer {
 public:
     std::function<COtxValue()> run = [] { return COtxValue(); };
     std::function<COtxValue(const std::string&)> control = [](const std::string&) { return COtxValue(); };
+    std::function<void(const COtxValue&)> sendEvent = [](const COtxValue&) { refuse(); };
 
     void Save(std::ostream&) override { refuse(); }
     void SetHost(std::weak_ptr<velkotx::HostEventSink>) override { refuse(); }
@@ -24,7 +25,7 @@ public:
     void SetTranslations(const COtxValue&) override { refuse(); }
     COtxValue Run(const std::string&, const COtxValue&, bool) override { return run(); }
     COtxValue Control(const std::string& command, const COtxValue&) override { return control(command); }
-    void SendEvent(const COtxValue&) override { refuse(); }
+    void SendEvent(const COtxValue& event) override { sendEvent(event); }
 
 private:
     [[noreturn]] static void refuse() { throw std::logic_error("the test doesn't expect this call"); }

@@ -1,8 +1,9 @@
-// What a loaded document declares: its identity, its procedures with their parameters, its global data.
+// What a loaded document declares: its identity, its procedures with their parameters and nodes, its global data.
 #pragma once
 
 #include <otx/Export.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -61,5 +62,28 @@ struct DocumentInfo {
 // Describes the document that a Sequencer has loaded. May be called from any thread, also while a run is in progress: a
 // loaded document doesn't change. Throws std::invalid_argument for a Sequencer that CreateSequencer didn't make.
 OTX_API DocumentInfo DescribeDocument(const Sequencer& sequencer);
+
+// A node of a procedure: what a flow stops at, by its id. Plain data; all texts are UTF-8.
+struct NodeInfo {
+    std::string id;
+    std::string name;  // empty for a node without a name
+
+    // The node's class as an author would say it, "Branch", "Parallel"; that of its realisation for actions and loops,
+    // "Assignment", "WhileLoop", or "Null action" and "Null loop" without one.
+    std::string type;
+
+    // Which flow of the enclosing node it stands in: "if", "elseif 1", "else", "try", "catch 1", "finally", "lane 1"; empty
+    // in the procedure's own flow and where the enclosing node has only one.
+    std::string part;
+
+    std::size_t depth = 0;  // the number of nodes that enclose it
+    std::size_t flows = 0;  // how many flows it has, the empty ones too: the lanes of a Parallel
+    bool disabled = false;  // the author switched it off: it is never run
+};
+
+// The nodes of the procedure that Run takes for this name, in document order, an enclosing node ahead of those that it
+// encloses. Threads as DescribeDocument. Throws std::invalid_argument for a Sequencer that CreateSequencer didn't make and
+// for a name that Run doesn't know.
+OTX_API std::vector<NodeInfo> DescribeNodes(const Sequencer& sequencer, const std::string& procedure);
 
 }  // namespace velkotx

@@ -1,15 +1,18 @@
 # What a case file can't hold: Ctrl-C, terminals, outputs that can't be written, the trace.
 
 import argparse
+import fcntl
 import json
 import os
 import pathlib
 import pty
 import re
+import select
 import signal
 import subprocess
 import sys
 import tempfile
+import termios
 import unittest
 
 import inputs
@@ -143,6 +146,168 @@ class Terminal(unittest.TestCase):
 
     def test_no_colour_in_json(self):
         self.assertNotIn("\x1b", run_on_terminal(["run", example("04-sort.otx"), "--json"], {}))
+
+
+class Session:
+    """A debugger that has a terminal of its own, on which it is talked to."""
+
+    PROMPT = "(velkotx) "
+    CTRL_C = "\x03"
+    CTRL_D = "\x04"
+    UP = "\x1b[A"
+
+    def __init__(self, *words):
+        self.outer, inner = pty.openpty()
+
+        def take_terminal():
+            fcntl.ioctl(inner, termios.TIOCSCTTY, 0)
+            signal.signal(signal.SIGINT, signal.SIG_DFL)  # a background job's children ignore it
+
+        self.process = subprocess.Popen(
+            command("debug", *words),
+            stdin=inner,
+            stdout=inner,
+            stderr=inner,
+            env={"TERM": "xterm", "NO_COLOR": "1"},
+            start_new_session=True,
+            preexec_fn=take_terminal,
+        )
+        os.close(inner)
+        self.unread = ""
+
+    def say(self, text):
+        os.write(self.outer, text.encode())
+
+    def read(self):
+        """More of the output; False at its end."""
+        try:
+            piece = os.read(self.outer, 4096)
+        except OSError:  # the program has closed the terminal
+            return False
+        self.unread += piece.decode()
+        return bool(piece)
+
+    def wait_for(self, text):
+        """What is shown up to the text."""
+        while text not in self.unread:
+            if not self.read():
+                raise AssertionError(f"the program ended without '{text}': {self.unread}")
+        shown, self.unread = self.unread.split(text, 1)
+        return shown
+
+    def interrupt_until(self, text):
+        """Sends the signal of Ctrl-C again and again, since two that come at once count as one. The key would make the
+        terminal drop what wasn't read yet."""
+        while text not in self.unread:
+            self.process.send_signal(signal.SIGINT)
+            if select.select([self.outer], [], [], 0.05)[0] and not self.read():
+                raise AssertionError(f"the program ended without '{text}': {self.unread}")
+        self.wait_for(text)
+
+    def until_end(self, act):
+        """Does something again and again until the program has ended."""
+        while self.process.poll() is None:
+            act()
+            if select.select([self.outer], [], [], 0.05)[0]:
+                self.read()
+
+    def finish(self):
+        while self.read():
+            pass
+        return self.process.wait(), self.unread
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+        os.close(self.outer)
+
+
+class Debugging(unittest.TestCase):
+    def test_conversation(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("start\n")
+            debugger.wait_for("flow 0 stopped at n1")
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("quit\n")
+            status, shown = debugger.finish()
+        self.assertEqual(status, 4)
+        self.assertIn("the run has ended: cancelled", shown)
+
+    def test_empty_line_repeats_the_step(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            for line, place in (("start", "n1"), ("step", "n2"), ("", "n3"), ("vars", "switched = 0"), ("", "n4")):
+                debugger.wait_for(Session.PROMPT)
+                debugger.say(line + "\n")
+                debugger.wait_for(place)
+
+    def test_empty_line_repeats_nothing_at_first(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("\n")
+            self.assertEqual(debugger.wait_for(Session.PROMPT).strip(), "")
+
+    def test_history(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("list\n")
+            debugger.wait_for("n6 Assignment")
+            debugger.wait_for(Session.PROMPT)
+            debugger.say(Session.UP + "\n")
+            debugger.wait_for("n6 Assignment")
+
+    def test_ctrl_d_ends(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            debugger.wait_for(Session.PROMPT)
+            # Again and again: the terminal drops it between the prompt and the beginning of line editing.
+            debugger.until_end(lambda: debugger.say(Session.CTRL_D))
+            self.assertEqual(debugger.process.returncode, 0)
+
+    def test_ctrl_c_does_nothing_while_nothing_runs(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            debugger.wait_for(Session.PROMPT)
+            debugger.say(Session.CTRL_C)
+            debugger.say("break n6\n")
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("run\n")
+            debugger.wait_for("flow 0 stopped at n6")
+
+    def test_ctrl_c_at_the_prompt_pauses_the_run(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            for line in ("start", "go"):
+                debugger.wait_for(Session.PROMPT)
+                debugger.say(line + "\n")
+            debugger.wait_for(Session.PROMPT)
+            debugger.say(Session.CTRL_C)
+            debugger.say("wait\n")
+            debugger.wait_for("flow 0 stopped at ")
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("cancel\n")
+            debugger.wait_for("the run has ended: cancelled")
+
+    def test_ctrl_c_pauses_a_run_that_is_waited_for(self):
+        with Session(example("07-soak-test.otx")) as debugger:
+            debugger.wait_for(Session.PROMPT)
+            debugger.say("run\n")
+            debugger.interrupt_until("flow 0 stopped at ")
+            debugger.wait_for(Session.PROMPT)
+
+    def test_ctrl_c_twice_gives_the_prompt_back(self):
+        with tempfile.TemporaryDirectory() as folder:
+            document = pathlib.Path(folder) / "endless.otx"
+            document.write_text(inputs.generate("endless-term"))
+            with Session(str(document)) as debugger:
+                debugger.wait_for(Session.PROMPT)
+                debugger.say("run\n")
+                debugger.interrupt_until("the run goes on")
+                debugger.wait_for(Session.PROMPT)
+                debugger.say("quit\n")
+                # The run doesn't come to a checkpoint, so that it can't be cancelled.
+                debugger.until_end(lambda: debugger.process.send_signal(signal.SIGINT))
+                self.assertEqual(debugger.process.returncode, -signal.SIGINT)
 
 
 class Outputs(unittest.TestCase):

@@ -12,7 +12,11 @@ namespace documents {
 
 namespace {
 
+#if defined(__SANITIZE_THREAD__)
+constexpr unsigned secondsForADocument = 600;
+#else
 constexpr unsigned secondsForADocument = 120;
+#endif
 constexpr int crashes[] = {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
 
 // In place, because a signal handler may not touch the heap.

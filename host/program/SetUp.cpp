@@ -1,0 +1,27 @@
+// What the runs of a command are given.
+#include "program/SetUp.h"
+
+#include "program/Options.h"
+#include "program/Values.h"
+
+#include <otx/value/Functions.h>
+#include <velkotx/Sequencer.h>
+
+namespace velkotx::host {
+
+SetUp::SetUp(Inputs& inputs, const SetUpOptions& options)
+    : arguments_(readArguments(inputs, options.argumentsFile, options.arguments)),
+      context_(readObject(inputs, options.contextFile)),
+      translations_(readObject(inputs, options.translationsFile)),
+      messages_(options.messagesFile) {}
+
+COtxValue SetUp::arguments() const {
+    return OTX::DeepCopy(arguments_);
+}
+
+void SetUp::apply(Sequencer& sequencer) const {
+    sequencer.SetContextVariables(OTX::DeepCopy(context_));
+    sequencer.SetTranslations(OTX::DeepCopy(translations_));
+}
+
+}  // namespace velkotx::host

@@ -1,0 +1,37 @@
+// What the runs of a command are given, read from its options.
+#pragma once
+
+#include "program/Messages.h"
+
+#include <otx/value/COtxValue.h>
+
+namespace velkotx {
+class Sequencer;
+}
+
+namespace velkotx::host {
+
+class Inputs;
+struct SetUpOptions;
+
+class SetUp {
+public:
+    // Reads the files in the order arguments, context, translations, and opens the one of the messages. Throws UsageError.
+    SetUp(Inputs& inputs, const SetUpOptions& options);
+
+    // A copy for one run: a sequence may change what it is given.
+    COtxValue arguments() const;
+    // The sink of the messages; lives as long as this object.
+    const std::shared_ptr<HostEventSink>& messages() const { return messages_.sink(); }
+
+    // Gives the Sequencer the context variables and translations.
+    void apply(Sequencer& sequencer) const;
+
+private:
+    const COtxValue arguments_;
+    const COtxValue context_;
+    const COtxValue translations_;
+    const Messages messages_;
+};
+
+}  // namespace velkotx::host

@@ -1,0 +1,23 @@
+// The event sink of a run under the debugger.
+#pragma once
+
+#include "objects/ForwardingEventSink.h"
+
+#include <memory>
+
+namespace velkotx::host {
+
+class RunBoard;
+
+// Hands each message on, and reports the stops and the ends of flows to the board.
+class DebugEventSink : public ForwardingEventSink {
+public:
+    DebugEventSink(std::shared_ptr<HostEventSink> target, std::shared_ptr<RunBoard> board);
+
+    void sendRequest(const COtxValue& message) override;
+
+private:
+    const std::shared_ptr<RunBoard> board_;
+};
+
+}  // namespace velkotx::host

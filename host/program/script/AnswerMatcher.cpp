@@ -1,0 +1,39 @@
+// Finds the rule that answers a message.
+#include "program/script/AnswerMatcher.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velkotx::host {
+
+AnswerMatcher::AnswerMatcher(std::vector<AnswerRule> rules) {
+    rules_.reserve(rules.size());
+    for (AnswerRule& rule : rules)
+        rules_.push_back({std::move(rule)});
+}
+
+bool AnswerMatcher::Counted::fits(const std::string& eventType, const std::optional<std::string>& screen) const {
+    return !isUsedUp() && rule.on == eventType && (!rule.screen || rule.screen == screen);
+}
+
+const AnswerRule* AnswerMatcher::fire(const std::string& eventType, const std::optional<std::string>& screen) {
+    const std::lock_guard guard(rulesLock_);
+    for (Counted& counted : rules_) {
+        if (counted.fits(eventType, screen)) {
+            if (counted.rule.times != 0)
+                ++counted.fired;
+            return &counted.rule;
+        }
+    }
+    return nullptr;
+}
+
+bool AnswerMatcher::canResume() const {
+    const std::lock_guard guard(rulesLock_);
+    // "start" comes once, ahead of every stop.
+    return std::ranges::any_of(rules_, [](const Counted& counted) {
+        return !counted.isUsedUp() && counted.rule.on != "start" && std::ranges::any_of(counted.rule.send, resumes);
+    });
+}
+
+}  // namespace velkotx::host
