@@ -2,6 +2,7 @@
 #include <OTXContext/OtxContext.h>
 #include <OTXHMIIF/HMI.h>
 #include <otx/event/COtxEventSource.h>
+#include <otx/event/IEventSource.h>
 
 #include <algorithm>
 #include <stdexcept>
@@ -16,13 +17,25 @@ void OtxContext::CancelAll() {
     const auto thread = firstFlow();
     COtxEventSource::CloseAll(thread);
     COtxEventSource::ThreadGroup().RemoveRoot(thread);
+    // Those that were made elsewhere, such as on a thread of the host.
+    for (const COtxValue& source : waitedFor()) source.EventSource().Close();
+}
+
+std::vector<COtxValue> OtxContext::waitedFor() {
+    std::vector<COtxValue> sources;
+    const std::lock_guard guard(flowLock);
+    for (auto& [thread, flow] : flows) {
+        const std::lock_guard own(flow.lock);
+        if (flow.waitedFor.Type() == OTX::ValueType::EventSource) sources.push_back(flow.waitedFor);
+    }
+    return sources;
 }
 
 void OtxContext::markCancelled() {
     const std::lock_guard guard(flowLock);
     for (auto& [thread, flow] : flows) {
         const std::lock_guard own(flow.lock);
-        flow.state = FlowState::cancelled;
+        flow.setState(FlowState::cancelled);
         flow.runCancelled = true;
         flow.stopped = 0;
         ++flow.resumes;

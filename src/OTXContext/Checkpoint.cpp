@@ -18,7 +18,7 @@ void OtxContext::checkClosely(OtxFlow& flow, std::thread::id thread) {
             throw velkotx::CancelException();
         case FlowState::throwing: {
             const std::lock_guard own(flow.lock);
-            flow.state = FlowState::running;
+            flow.setState(FlowState::running);
             throw COtxValue(flow.pending);
         }
         case FlowState::running:

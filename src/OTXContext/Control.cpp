@@ -96,7 +96,7 @@ void OtxContext::stop(const Target& target) {
     for (auto& [thread, flow] : flows) {
         if (!target.matches(thread)) continue;
         const std::lock_guard own(flow.lock);
-        flow.state = FlowState::stopping;
+        flow.setState(FlowState::stopping);
         if (flow.stopped == 0)
             found = true;
         else if (target.isOne())
@@ -110,7 +110,7 @@ void OtxContext::wake(const Target& target, FlowState state) {
     for (auto& [thread, flow] : flows) {
         if (!target.matches(thread)) continue;
         const std::lock_guard own(flow.lock);
-        flow.state = state;
+        flow.setState(state);
         if (flow.stopped == 1) {
             found = true;
             flow.stopped = 0;
@@ -137,6 +137,10 @@ void OtxContext::publishBreakpoints(std::set<std::string> ids) {
         published = breakpointSets.back().get();
     }
     breakpoints.store(published, std::memory_order_release);
+    for (auto& [thread, flow] : flows) {
+        const std::lock_guard own(flow.lock);
+        flow.setBreakpoints(published != nullptr);
+    }
     if (flows.empty()) std::erase_if(breakpointSets, [&](const auto& set) { return set.get() != published; });
 }
 
@@ -163,7 +167,7 @@ void OtxContext::inject(const Target& target, const COtxValue& params) {
     for (auto& [thread, flow] : flows) {
         if (!target.matches(thread)) continue;
         const std::lock_guard own(flow.lock);
-        flow.state = FlowState::throwing;
+        flow.setState(FlowState::throwing);
         flow.pending = exception;
         if (flow.stopped == 0)
             found = true;

@@ -23,6 +23,7 @@ void OtxContext::BeginFlow(FlowState state, std::thread::id parent) {
         // A run that ended because its stop couldn't be told left it as stopped.
         const std::lock_guard own(flow.lock);
         flow.stopped = 0;
+        flow.setBreakpoints(breakpoints.load() != nullptr);
     }
     SetFlowState(flow.runCancelled ? FlowState::cancelled : state, thread);
 }
@@ -55,7 +56,7 @@ void OtxContext::SetFlowState(FlowState state, std::thread::id thread) {
     const auto found = flows.find(thread);
     if (found == flows.end()) return;
     const std::lock_guard own(found->second.lock);
-    found->second.state = state;
+    found->second.setState(state);
 }
 
 }  // namespace otxns

@@ -135,8 +135,7 @@ private:
     OtxFlow& findOwnFlow(std::thread::id thread);
 
     void check(OtxFlow& flow, std::thread::id thread) {
-        if (flow.state.load(std::memory_order_relaxed) != FlowState::running ||
-            breakpoints.load(std::memory_order_relaxed) != nullptr) [[unlikely]]
+        if (!flow.isCheckpointIdle.load(std::memory_order_relaxed)) [[unlikely]]
             checkClosely(flow, thread);
     }
     void checkClosely(OtxFlow& flow, std::thread::id thread);
@@ -157,6 +156,7 @@ private:
     COtxValue published(const OtxVarMap& scope);
 
     void markCancelled();
+    std::vector<COtxValue> waitedFor();
     // The thread of flow 0. Throws std::runtime_error, "Invalid thread id: 0".
     std::thread::id firstFlow() const;
 

@@ -23,7 +23,17 @@ enum class FlowState : int {
 struct OtxFlow {
     OtxFlow(unsigned id, FlowState initial) : state(initial), flowId(id) {}
 
-    // Guards `pending`, `stopped` and `resumes`, and every write of `state`. Recursive, since a host may answer the
+    // Under `lock`, as every change of what a checkpoint looks at.
+    void setState(FlowState next) noexcept {
+        state = next;
+        isCheckpointIdle = next == FlowState::running && !hasBreakpoints;
+    }
+    void setBreakpoints(bool any) noexcept {
+        hasBreakpoints = any;
+        setState(state);
+    }
+
+    // Guards `pending`, `waitedFor`, `stopped` and `resumes`, and every write of `state`. Recursive, since a host may answer the
     // event of a stop with a command on the same thread.
     std::recursive_mutex lock;
     // Where a stopped flow sleeps until `resumes` changes.
@@ -32,11 +42,16 @@ struct OtxFlow {
     // The node about to run. Written by the flow's thread only.
     std::atomic<const Node*> node{nullptr};
     std::atomic<FlowState> state;
+    bool hasBreakpoints = false;
+    // All that a checkpoint with nothing to do reads.
+    std::atomic<bool> isCheckpointIdle{false};
     // The whole run was cancelled while this was one of its flows, not only its lane.
     std::atomic<bool> runCancelled{false};
     // Not so after a command that took the place of the cancellation.
     bool isRunCancelled() const noexcept { return runCancelled && state == FlowState::cancelled; }
     COtxValue pending;
+    // The event source that the flow is waiting for, else empty.
+    COtxValue waitedFor;
     // 1 from the decision to stop until a command resumes the flow, else 0.
     int stopped = 0;
     std::uint64_t resumes = 0;

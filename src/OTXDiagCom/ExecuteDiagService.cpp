@@ -82,7 +82,7 @@ void ExecuteDiagService_impl<ExecuteDiagService_base>::exec(otxns::OtxContext& c
     service.DiagService().Execute(suppress);
     // Neither the event nor whether there was one is looked at.
     COtxValue event;
-    otxns::waitFor(source.EventSource(), event, context);
+    otxns::waitFor(source, event, context);
     const COtxValue finished = service.DiagService().GetFirstResult();
     if (resultState().present()) resultState()->write(context, finished.Result().GetResultState());
     mapResponses(responseParameters(), finished, context);

@@ -44,7 +44,7 @@ void WaitForEvent_impl<WaitForEvent_base>::exec(otxns::OtxContext& context) cons
     if (source().empty()) return;
     COtxValue received;
     const COtxValue waitedFor = sourceOf(source(), context);
-    if (!otxns::waitFor(waitedFor.EventSource(), received, context))
+    if (!otxns::waitFor(waitedFor, received, context))
         throw COtxException(OTX::Exceptions_e::InvalidReferenceException, closed);
     if (event().present()) event()->write(context, received);
     OTX_TRACE(4, "Got: " << received);

@@ -43,7 +43,11 @@ COtxValue GetChecksum_impl<GetChecksum_base>::eval(otxns::OtxContext& context) c
     return asked.GetChecksum(ofBlock, ofSecurity);
 }
 
-OTX_TERM(GetFlashSession, context.Flash().GetFlashSession(otxns::evaluate(sessionID(), context)))
+template <>
+COtxValue GetFlashSession_impl<GetFlashSession_base>::eval(otxns::OtxContext& context) const {
+    const COtxValue wanted = otxns::evaluate(sessionID(), context);
+    return context.Flash().GetFlashSession(wanted);
+}
 
 // The channel is never evaluated; this is meant.
 template <>

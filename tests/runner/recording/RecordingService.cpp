@@ -17,10 +17,6 @@ namespace documents {
 RecordingService::RecordingService(CallRecorder& recorder, std::string label, std::string channel)
     : Handle(recorder, std::move(label), OTX::ValueType::DiagService), channel_(std::move(channel)) {}
 
-RecordingService::~RecordingService() {
-    for (std::thread& signaller : signallers_) signaller.join();
-}
-
 COtxValue RecordingService::EventSource() {
     call("EventSource");
     return source_;
@@ -32,7 +28,7 @@ void RecordingService::Execute(bool suppressPositiveResponse) {
     results_.push_back(nextResult());
     if (label() == "late")
         signallers_.emplace_back([this] { source_.EventSource().Put(self()); });
-    else
+    else if (label() != "held")
         source_.EventSource().Put(self());
 }
 
@@ -82,12 +78,16 @@ COtxValue RecordingService::GetRepetitionTime() {
 }
 
 void RecordingService::end() {
-    source_.EventSource().Close();
     std::vector<COtxValue> results;
+    std::vector<std::thread> signallers;
     {
         const std::lock_guard guard(resultsLock_);
         results.swap(results_);
+        signallers.swap(signallers_);
     }
+    // Not in the destructor: a thread that still holds the service would join itself.
+    for (std::thread& signaller : signallers) signaller.join();
+    source_.EventSource().Close();
 }
 
 COtxValue RecordingService::nextResult() {

@@ -13,12 +13,11 @@
 
 namespace documents {
 
-// An execution is over, with one more result, before Execute returns; the event of a service named "late" comes from
-// another thread. What the results are is chosen by the service's name, as the README tells.
+// An execution is over, with one more result, before Execute returns. When its event comes and what the results are is
+// chosen by the service's name, as the README tells.
 class RecordingService : public Handle, public OTX::IDiagService {
 public:
     RecordingService(CallRecorder& recorder, std::string label, std::string channel);
-    ~RecordingService() override;
 
     OTX::IDiagService& DiagService() override { return *this; }
 
@@ -34,7 +33,8 @@ public:
     void SetRepetitionTime(const COtxValue& time) override;
     COtxValue GetRepetitionTime() override;
 
-    // Lets go of results and events, which hold the service in their turn. After it the service isn't called again.
+    // Joins its threads, and lets go of results and events, which hold the service in their turn. To be called once, when
+    // nobody calls the service any more.
     void end();
 
 private:
