@@ -21,4 +21,7 @@ int compile(const CompileOptions& options, const Streams& streams);
 // Prints a compiled document field by field. Throws UsageError.
 int dump(const DumpOptions& options, const Streams& streams);
 
+// Tells every mistake of a vehicle file, a line each, to standard error. Throws UsageError.
+int checkVehicle(const VehicleCheckOptions& options, const Streams& streams);
+
 }  // namespace velkotx::host

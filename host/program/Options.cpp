@@ -65,6 +65,12 @@ constexpr const char* dumpFooter =
     "  velkotx dump sort.otxc\n"
     "  velkotx compile examples/04-sort.otx -o - | velkotx dump -";
 
+constexpr const char* vehicleCheckFooter =
+    "Exit status: 0 no mistake, 2 bad usage, mistakes, or a file that can't be read.\n"
+    "\n"
+    "Example:\n"
+    "  velkotx vehicle check examples/vehicles/compact.json";
+
 std::string versionLine() {
     return GetComponentName() + " " + GetComponentVersion() + " " + GetComponentDate();
 }
@@ -143,11 +149,19 @@ void addDump(CLI::App& program, DumpOptions& options) {
     dump.footer(dumpFooter);
 }
 
+void addVehicle(CLI::App& program, VehicleCheckOptions& options) {
+    CLI::App& vehicle = *program.add_subcommand("vehicle", "Check the description of a simulated vehicle");
+    vehicle.require_subcommand(1);
+    CLI::App& check = *vehicle.add_subcommand("check", "Tell every mistake in a vehicle file, with its place");
+    check.add_option("FILE", options.vehicle, "The vehicle file; - for standard input")->required()->type_name("");
+    check.footer(vehicleCheckFooter);
+}
+
 // What is wrong with a command line, in words.
 std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
     if (!program.get_subcommands().empty())
         return error.what();
-    const std::string commands = "run, debug, info, compile or dump";
+    const std::string commands = "run, debug, info, compile, dump or vehicle";
     const std::vector<std::string> words = program.remaining();
     return words.empty() ? "a command is missing: " + commands : "'" + words.front() + "' is no command: " + commands;
 }
@@ -160,6 +174,7 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     InfoOptions info;
     CompileOptions compile;
     DumpOptions dump;
+    VehicleCheckOptions vehicleCheck;
     CLI::App program("Runs OTX test sequences (ISO 13209).", "velkotx");
     program.set_version_flag("--version", versionLine, "Print the component's name, version and date");
     program.require_subcommand(1);
@@ -171,6 +186,7 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     addInfo(program, info);
     addCompile(program, compile);
     addDump(program, dump);
+    addVehicle(program, vehicleCheck);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -187,6 +203,8 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
         return compile;
     if (program.got_subcommand("dump"))
         return dump;
+    if (program.got_subcommand("vehicle"))
+        return vehicleCheck;
     return info;
 }
 

@@ -50,12 +50,18 @@ struct DumpOptions {
     std::string document;
 };
 
+// velkotx vehicle check FILE.
+struct VehicleCheckOptions {
+    std::string vehicle;
+};
+
 // The command line was answered already, with help, the version or a complaint: the program ends with this status.
 struct Answered {
     int status;
 };
 
-using Options = std::variant<RunOptions, DebugOptions, InfoOptions, CompileOptions, DumpOptions, Answered>;
+using Options =
+    std::variant<RunOptions, DebugOptions, InfoOptions, CompileOptions, DumpOptions, VehicleCheckOptions, Answered>;
 
 // Parses the command line. Help and version go to `out`, one line about bad usage to `err`.
 Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err);

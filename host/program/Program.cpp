@@ -21,6 +21,7 @@ struct Answer {
     int operator()(const InfoOptions& options) const { return info(options, streams); }
     int operator()(const CompileOptions& options) const { return compile(options, streams); }
     int operator()(const DumpOptions& options) const { return dump(options, streams); }
+    int operator()(const VehicleCheckOptions& options) const { return checkVehicle(options, streams); }
     int operator()(const Answered& answered) const { return answered.status; }
 };
 

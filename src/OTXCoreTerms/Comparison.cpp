@@ -2,6 +2,7 @@
 #include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxBool.h>
+#include <otx/value/COtxQuantity.h>
 
 #include <functional>
 
@@ -27,9 +28,18 @@ COtxValue overPairs(const Terms& terms, OtxContext& context, bool wanted, Compar
     return COtxBool(answer);
 }
 
+bool isQuantity(const COtxValue& value) {
+    return value.Type() == OTX::ValueType::Quantity;
+}
+
+// Of quantities of different dimensions none is more than the other.
 template <class ComparisonTerm, class Comparison>
 COtxValue compare(const ComparisonTerm& term, OtxContext& context, Comparison comparison) {
-    return COtxBool(holds(term.left(), term.right(), context, comparison));
+    return COtxBool(holds(term.left(), term.right(), context, [&](const COtxValue& left, const COtxValue& right) {
+        if (isQuantity(left) || isQuantity(right)) [[unlikely]]
+            COtxQuantity::RequireComparable(left, right);
+        return comparison(left, right);
+    }));
 }
 
 }  // namespace

@@ -6,7 +6,9 @@
 
 #include <string>
 
-// A unit of measurement by its name; the default is the empty unit.
+// A unit of measurement by its name; the default is the empty unit. Any name makes a unit: one that isn't known can
+// be shown, and kind 17 (UnknownUnitException) comes when it is to be converted. Units are equal when their names
+// are.
 class OTX_API COtxUnit : public COtxValue {
 public:
     COtxUnit();

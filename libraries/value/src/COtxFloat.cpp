@@ -11,7 +11,6 @@
 #include "Numbers.h"
 #include "NumberValues.h"
 #include "QuantityValues.h"
-#include "Refusal.h"
 #include "TextValues.h"
 
 #include <otx/value/Json.h>
@@ -30,12 +29,7 @@ public:
     COtxValue Add(const COtxValue& right) override { return calculate(Operation::Add, *this, right); }
     COtxValue Subtract(const COtxValue& right) override { return calculate(Operation::Subtract, *this, right); }
     COtxValue Modulo(const COtxValue& right) override { return calculate(Operation::Modulo, *this, right); }
-    COtxValue Abs() override {
-        if (!std::isfinite(scalar().real))
-            fail(OTX::Exceptions_e::ArithmeticException,
-                 "Abs of " + floatText(scalar().real) + ": the result is not a finite number");
-        return makeFloat(std::fabs(scalar().real), precision_);
-    }
+    COtxValue Abs() override { return makeFloat(absolute(scalar().real), precision_); }
 
     COtxValue ToBoolean() override { return makeBoolean(scalar().real != 0); }
     COtxValue ToInteger() override { return makeInteger(truncated(scalar().real)); }

@@ -4,8 +4,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "NumberValues.h"
+#include "QuantityArithmetic.h"
 #include "Refusal.h"
 
 namespace otx {
@@ -13,23 +15,6 @@ namespace otx {
 namespace {
 
 using Native = COtxValueBehaviour::Native;
-
-constexpr const char* nameOf(Operation operation) {
-    switch (operation) {
-        case Operation::Add: return "Add";
-        case Operation::Subtract: return "Subtract";
-        case Operation::Multiply: return "Multiply";
-        case Operation::Divide: return "Divide";
-        case Operation::Modulo: return "Modulo";
-    }
-    return "";
-}
-
-[[noreturn]] void failArithmetic(Operation operation, const std::string& left, const std::string& right,
-                                 const char* reason) {
-    fail(OTX::Exceptions_e::ArithmeticException,
-         std::string(nameOf(operation)) + " of " + left + " and " + right + ": " + reason);
-}
 
 constexpr bool isBlank(char character) {
     return character == ' ' || character == '\t' || character == '\n' || character == '\r';
@@ -74,22 +59,6 @@ bool isTooSmall(std::string_view number) noexcept {
     return magnitude < 0;
 }
 
-double calculateFloat(Operation operation, double left, double right) {
-    if (right == 0 && (operation == Operation::Divide || operation == Operation::Modulo))
-        failArithmetic(operation, floatText(left), floatText(right), "division by zero");
-    double result = 0;
-    switch (operation) {
-        case Operation::Add: result = left + right; break;
-        case Operation::Subtract: result = left - right; break;
-        case Operation::Multiply: result = left * right; break;
-        case Operation::Divide: result = left / right; break;
-        case Operation::Modulo: result = std::fmod(left, right); break;
-    }
-    if (!std::isfinite(result))
-        failArithmetic(operation, floatText(left), floatText(right), "the result is not a finite number");
-    return result;
-}
-
 }  // namespace
 
 std::string floatText(double value) {
@@ -100,6 +69,18 @@ std::string floatText(double value) {
     std::string text(digits.data(), end);
     if (text.find_first_of(".e") == std::string::npos) text += ".0";
     return text;
+}
+
+std::string floatText(double value, int digits) {
+    if (digits < 1 || digits > std::numeric_limits<double>::digits10 + 1 || !std::isfinite(value))
+        return floatText(value);
+    std::array<char, 32> rounded{};
+    char* const last = rounded.data() + rounded.size();
+    const auto end = std::to_chars(rounded.data(), last, value, std::chars_format::scientific, digits - 1).ptr;
+    double nearest = value;
+    // Rounding up may go past the largest double, which then keeps its digits.
+    std::from_chars(rounded.data(), end, nearest);
+    return floatText(nearest);
 }
 
 ParsedNumber<long long> parseInteger(std::string_view text) noexcept {
@@ -133,14 +114,48 @@ ParsedNumber<double> parseFloat(std::string_view text) noexcept {
     return parsed;
 }
 
+const char* nameOf(Operation operation) {
+    switch (operation) {
+        case Operation::Add: return "Add";
+        case Operation::Subtract: return "Subtract";
+        case Operation::Multiply: return "Multiply";
+        case Operation::Divide: return "Divide";
+        case Operation::Modulo: return "Modulo";
+    }
+    return "";
+}
+
+void failArithmetic(Operation operation, const std::string& left, const std::string& right, const char* reason) {
+    fail(OTX::Exceptions_e::ArithmeticException,
+         std::string(nameOf(operation)) + " of " + left + " and " + right + ": " + reason);
+}
+
+double calculate(Operation operation, double left, double right) {
+    if (right == 0 && (operation == Operation::Divide || operation == Operation::Modulo))
+        failArithmetic(operation, floatText(left), floatText(right), "division by zero");
+    double result = 0;
+    switch (operation) {
+        case Operation::Add: result = left + right; break;
+        case Operation::Subtract: result = left - right; break;
+        case Operation::Multiply: result = left * right; break;
+        case Operation::Divide: result = left / right; break;
+        case Operation::Modulo: result = std::fmod(left, right); break;
+    }
+    if (!std::isfinite(result))
+        failArithmetic(operation, floatText(left), floatText(right), "the result is not a finite number");
+    return result;
+}
+
 COtxValue calculate(Operation operation, const COtxValueBehaviour& left, const COtxValue& right) {
     const COtxValueBehaviour* const other = right.GetBehaviourReference().get();
     const bool leftIsFloat = left.NativeKind() == Native::Float;
     const bool rightIsFloat = other != nullptr && other->NativeKind() == Native::Float;
-    if (!rightIsFloat && (other == nullptr || !other->IsInt())) refuse(nameOf(operation), left.Type(), right.Type());
+    const auto leftReal = [&] { return leftIsFloat ? left.Float() : static_cast<double>(left.Int()); };
+    if (!rightIsFloat && (other == nullptr || !other->IsInt()))
+        return calculate(operation, QuantityData{leftReal(), {}}, left.Type(), right);
     if (!leftIsFloat && !rightIsFloat) return calculate(operation, left.Int(), other->Int());
-    return makeFloat(calculateFloat(operation, leftIsFloat ? left.Float() : static_cast<double>(left.Int()),
-                                    rightIsFloat ? other->Float() : static_cast<double>(other->Int())));
+    return makeFloat(
+        calculate(operation, leftReal(), rightIsFloat ? other->Float() : static_cast<double>(other->Int())));
 }
 
 COtxValue calculate(Operation operation, long long left, long long right) {
@@ -167,6 +182,13 @@ COtxValue calculate(Operation operation, long long left, long long right) {
     if (overflow)
         failArithmetic(operation, std::to_string(left), std::to_string(right), "the result is beyond 64 bits");
     return makeInteger(result);
+}
+
+double absolute(double value) {
+    if (!std::isfinite(value))
+        fail(OTX::Exceptions_e::ArithmeticException,
+             "Abs of " + floatText(value) + ": the result is not a finite number");
+    return std::fabs(value);
 }
 
 long long truncated(double value) {

@@ -3,32 +3,63 @@
 
 #include <cmath>
 
+#include "QuantityOrder.h"
+
 namespace otx {
 
 namespace {
 
 using Native = COtxValueBehaviour::Native;
 
-int family(const COtxValueBehaviour* behaviour) noexcept {
-    constexpr int afterNatives = 100;
+constexpr int numbers = 2;
+constexpr int afterNatives = 100;
+
+int familyOf(OTX::ValueType type) noexcept { return afterNatives + 2 * static_cast<int>(type); }
+
+// A quantity without a dimension is a number. One that isn't the library's own knows no order but its own.
+int familyOfQuantity(const COtxValueBehaviour& behaviour) {
+    const QuantityData* const quantity = ownQuantity(behaviour);
+    if (quantity == nullptr) return familyOf(OTX::ValueType::Quantity) + 1;
+    return plainNumber(*quantity) ? numbers : familyOf(OTX::ValueType::Quantity);
+}
+
+int family(const COtxValueBehaviour* behaviour) {
     if (behaviour == nullptr) return 0;
     switch (behaviour->NativeKind()) {
         case Native::Boolean: return 1;
         case Native::Integer:
-        case Native::Float: return 2;
+        case Native::Float: return numbers;
         case Native::String: return 3;
         case Native::ByteField: return 4;
         case Native::List: return 5;
         case Native::Map: return 6;
         case Native::None: break;
     }
-    if (behaviour->IsInt()) return 2;
-    return behaviour->Type() == OTX::ValueType::Empty ? 0 : afterNatives + static_cast<int>(behaviour->Type());
+    if (behaviour->IsInt()) return numbers;
+    if (behaviour->Type() == OTX::ValueType::Quantity) return familyOfQuantity(*behaviour);
+    return behaviour->Type() == OTX::ValueType::Empty ? 0 : familyOf(behaviour->Type());
+}
+
+// Two quantities that need no table of units to be of one family.
+bool areOfOneUnit(const COtxValueBehaviour* left, const COtxValueBehaviour* right) {
+    if (left == nullptr || right == nullptr || left->Type() != OTX::ValueType::Quantity) return false;
+    const QuantityData* const first = ownQuantity(*left);
+    const QuantityData* const second = ownQuantity(*right);
+    return first != nullptr && second != nullptr && haveSameUnit(*first, *second);
+}
+
+bool isFloat(const COtxValueBehaviour& number) {
+    return number.NativeKind() == Native::Float || ownQuantity(number) != nullptr;
+}
+
+double floatOf(const COtxValueBehaviour& number) {
+    return number.NativeKind() == Native::Float ? number.Float() : *plainNumber(*ownQuantity(number));
 }
 
 }  // namespace
 
-std::strong_ordering compareFamilies(const COtxValueBehaviour* left, const COtxValueBehaviour* right) noexcept {
+std::strong_ordering compareFamilies(const COtxValueBehaviour* left, const COtxValueBehaviour* right) {
+    if (areOfOneUnit(left, right)) return std::strong_ordering::equal;
     return family(left) <=> family(right);
 }
 
@@ -51,11 +82,11 @@ std::weak_ordering compareNumbers(double left, double right) noexcept {
 }
 
 std::weak_ordering compareNumbers(const COtxValueBehaviour& left, const COtxValueBehaviour& right) {
-    const bool leftIsFloat = left.NativeKind() == Native::Float;
-    const bool rightIsFloat = right.NativeKind() == Native::Float;
-    if (leftIsFloat && rightIsFloat) return compareNumbers(left.Float(), right.Float());
-    if (rightIsFloat) return compareNumbers(left.Int(), right.Float());
-    if (leftIsFloat) return 0 <=> compareNumbers(right.Int(), left.Float());
+    const bool leftIsFloat = isFloat(left);
+    const bool rightIsFloat = isFloat(right);
+    if (leftIsFloat && rightIsFloat) return compareNumbers(floatOf(left), floatOf(right));
+    if (rightIsFloat) return compareNumbers(left.Int(), floatOf(right));
+    if (leftIsFloat) return 0 <=> compareNumbers(right.Int(), floatOf(left));
     return left.Int() <=> right.Int();
 }
 

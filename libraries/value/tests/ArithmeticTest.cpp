@@ -107,8 +107,7 @@ TEST(Arithmetic, OtherTypesAreRefusedWithBothTypes) {
     EXPECT_EQ(OTX_THROWN_TEXT(real(1) * COtxList()), "Operation Multiply is not supported by types Float and List");
     EXPECT_EQ(OTX_THROWN_TEXT(COtxMap() / integer(1)), "Operation Divide is not supported by types Map and Integer");
     EXPECT_EQ(OTX_THROWN_TEXT(real(1) % COtxValue()), "Operation Modulo is not supported by types Float and Empty");
-    EXPECT_EQ(OTX_THROWN_KIND(COtxQuantity(1.0, COtxUnit("V"), 16) + COtxQuantity(1.0, COtxUnit("V"), 16)),
-              typeMismatch);
+    EXPECT_EQ(OTX_THROWN_KIND(COtxUnit("V") + COtxUnit("V")), typeMismatch);
 }
 
 TEST(Arithmetic, RadixDoesNotChangeIt) {

@@ -1,0 +1,41 @@
+// velkotx vehicle check: every mistake of a vehicle file.
+#include "program/Commands.h"
+
+#include "program/ExitStatus.h"
+#include "program/Inputs.h"
+#include "program/OneLine.h"
+
+#include <vehicle/ReadVehicle.h>
+
+#include <ostream>
+
+namespace velkotx::host {
+
+namespace {
+
+std::string count(std::size_t number, const std::string& what) {
+    return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
+}
+
+VehicleFile readFrom(const std::string& name, const Streams& streams) {
+    if (name != "-")
+        return readVehicle(name);
+    return readVehicleText(Inputs(streams.in).read(name), ".");
+}
+
+}  // namespace
+
+int checkVehicle(const VehicleCheckOptions& options, const Streams& streams) {
+    const VehicleFile file = readFrom(options.vehicle, streams);
+    for (const Mistake& mistake : file.mistakes)
+        streams.err << oneLine(inWords(mistake, displayName(options.vehicle))) << '\n';
+    if (!file.mistakes.empty())
+        return ExitStatus::badInput;
+    const VehicleDescription& vehicle = file.description;
+    streams.out << oneLine(vehicle.name) << ": " << count(vehicle.controlUnits.size(), "control unit") << ", "
+                << count(vehicle.flashSessions.size(), "flash session") << ", "
+                << count(vehicle.comInterfaces.size(), "interface") << '\n';
+    return ExitStatus::finished;
+}
+
+}  // namespace velkotx::host
