@@ -1,0 +1,79 @@
+// The parts of a vehicle file, each read into its structure.
+#pragma once
+
+#include <vehicle/JsonReader.h>
+#include <vehicle/VehicleDescription.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <set>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace velkotx::host {
+
+bool readJson(const JsonPlace& place, Curve& target);
+bool readJson(const JsonPlace& place, DataSource& target);
+bool readJson(const JsonPlace& place, AccessCondition& target);
+bool readJson(const JsonPlace& place, ParameterDescription& target);
+bool readJson(const JsonPlace& place, MessageDescription& target);
+bool readJson(const JsonPlace& place, ServiceDescription& target);
+bool readJson(const JsonPlace& place, VariantDescription& target);
+bool readJson(const JsonPlace& place, ComParameterDescription& target);
+bool readJson(const JsonPlace& place, ServiceAccess& target);
+bool readJson(const JsonPlace& place, DataIdentifierDescription& target);
+bool readJson(const JsonPlace& place, RoutineDescription& target);
+bool readJson(const JsonPlace& place, TroubleCodeDescription& target);
+bool readJson(const JsonPlace& place, MemoryDescription& target);
+bool readJson(const JsonPlace& place, TransferDescription& target);
+bool readJson(const JsonPlace& place, FaultDescription& target);
+bool readJson(const JsonPlace& place, FlashSessionDescription& target);
+bool readJson(const JsonPlace& place, ComInterfaceDescription& target);
+bool readJson(const JsonPlace& place, FunctionalGroupDescription& target);
+
+// Sessions and security levels, which the other parts call by name: they are read first, and noted in the context.
+void readSessions(ObjectReader& in, std::vector<SessionDescription>& target);
+void readSecurities(ObjectReader& in, std::vector<SecurityDescription>& target);
+
+// A list of names of sessions.
+void readSessionNames(const JsonPlace& place, std::vector<std::uint8_t>& target);
+
+// "sessions" and "security".
+void readCondition(ObjectReader& in, AccessCondition& target);
+
+// "factor" and "offset".
+void readScaling(ObjectReader& in, Scaling& target);
+
+// One data source, or a list of them.
+void readSources(ObjectReader& in, const char* key, std::vector<DataSource>& target);
+
+// Notes parameters that can't lie as they are described: over the prefix, behind an end that isn't known, counted by what
+// isn't there.
+void checkLayout(const JsonPlace& parameters, const MessageDescription& message);
+
+// The bytes of a file: {"file": "data.bin", "offset": 0, "size": 1024}, or of a text of hexadecimal digits.
+bool readData(const JsonPlace& place, Bytes& target);
+
+// A control unit; what it lacks is taken from the vehicle's own services and ComParameters.
+void readControlUnit(const JsonPlace& place, const ControlUnitDescription& common, ControlUnitDescription& target);
+
+// A mistake for each item whose key another item before it has.
+template <typename Item, typename Key>
+void expectUnique(const JsonPlace& list, const std::vector<Item>& items, Key key, const char* what) {
+    std::set<std::decay_t<decltype(key(items.front()))>> keys;
+    for (std::size_t index = 0; index < items.size(); ++index)
+        if (!keys.insert(key(items[index])).second)
+            list.inside(list.node().items[index], std::to_string(index))
+                .mistake(std::string("another one before it has the same ") + what);
+}
+
+// A list whose items differ in the key.
+template <typename Item, typename Key>
+void readUniqueList(ObjectReader& in, const char* name, std::vector<Item>& target, Key key, const char* what) {
+    const auto list = in.find(name);
+    if (list && readJson(*list, target))
+        expectUnique(*list, target, key, what);
+}
+
+}  // namespace velkotx::host
