@@ -112,6 +112,15 @@ TEST(DiagCoding, ScalingUnitAndPrecision) {
     EXPECT_EQ(written(COtxString("12.34"), voltage), (Bytes{0x05, 0x9A}));
 }
 
+TEST(DiagCoding, QuantitiesAreConverted) {
+    auto voltage = number(Coding::Unsigned, 16);
+    voltage.scaling = {0.01, 0};
+    voltage.unit = "V";
+    EXPECT_EQ(written(COtxQuantity(12340, COtxUnit("mV"), 5), voltage), (Bytes{0x04, 0xD2}));
+    EXPECT_EQ(written(COtxQuantity(12.34, COtxUnit(), 4), voltage), (Bytes{0x04, 0xD2}));
+    EXPECT_EQ(kindOf([&] { written(COtxQuantity(1, COtxUnit("m"), 5), voltage); }), 18);
+}
+
 TEST(DiagCoding, ScaledWholeNumbersAreWholeAsIntegers) {
     auto hundredth = number(Coding::Unsigned, 16);
     hundredth.scaling = {0.29, 0};

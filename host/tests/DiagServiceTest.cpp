@@ -336,6 +336,7 @@ TEST_F(DiagRepetition, TimesAreChecked) {
     vin.DiagService().SetRepetitionTime(COtxFloat(2.5));
     EXPECT_EQ(vin.DiagService().GetRepetitionTime().Float(), 2.5);
     vin.DiagService().SetRepetitionTime(COtxQuantity(20, COtxUnit("ms"), 3));
+    vin.DiagService().SetRepetitionTime(COtxQuantity(0.02, COtxUnit("s"), 3));
     EXPECT_EQ(vin.DiagService().GetRepetitionTime().Int(), 20);
     for (const COtxValue& bad : {COtxValue(COtxInt(0)), COtxValue(COtxInt(-5)), COtxValue(COtxFloat(1e300))})
         EXPECT_EQ(kindOf([&] { vin.DiagService().SetRepetitionTime(bad); }), 7);
