@@ -35,7 +35,7 @@ int converse(Debugger& debugger, LineReader& reader, const Streams& streams) {
 int debug(const DebugOptions& options, const Streams& streams) {
     Inputs inputs(streams.in);
     inputs.takeStandardInput();  // the commands
-    const SetUp setUp(inputs, options);
+    const SetUp setUp(inputs, options, streams.err);
     auto loaded = load(inputs, options.document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded))
         return report(*unloadable, options.document, false, streams);

@@ -31,7 +31,8 @@ constexpr const char* runFooter =
     "  velkotx run examples/04-sort.otx --arg 'responseTimes=[31,18,47,18,25]'\n"
     "  velkotx run examples/02-retry.otx main --arg refusals=9 --json\n"
     "  velkotx run examples/06-map-decision.otx --args examples/06-map-decision.json \\\n"
-    "          --context examples/06-map-decision.context.json";
+    "          --context examples/06-map-decision.context.json\n"
+    "  velkotx run examples/read-identification.otx --vehicle examples/vehicles/compact.json";
 
 constexpr const char* debugFooter =
     "Commands come from a prompt, or line by line from standard input; 'help' lists them. Ctrl-C stops\n"
@@ -101,6 +102,8 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     addFile(command, "--translations", options.translationsFile, "Translations: a JSON object of key to text");
     addFile(command, "--messages", options.messagesFile,
             "Write every message to the host here, one JSON object a line");
+    addFile(command, "--vehicle", options.vehicleFile, "Talk to the simulated vehicle that this file describes");
+    command.add_flag("--trace-pdu", options.tracePdu, "Write each PDU to standard error; needs --vehicle");
 }
 
 void addRun(CLI::App& program, RunOptions& options) {

@@ -18,6 +18,8 @@ struct SetUpOptions {
     std::string contextFile;
     std::string translationsFile;
     std::string messagesFile;
+    std::string vehicleFile;
+    bool tracePdu = false;
 };
 
 // velkotx run FILE [PROCEDURE].

@@ -66,7 +66,7 @@ int run(const RunOptions& options, const Streams& streams) {
     Inputs inputs(streams.in);
     if (options.logLevel)
         setLogLevel(*options.logLevel);
-    const SetUp setUp(inputs, options);
+    const SetUp setUp(inputs, options, streams.err);
     std::vector<AnswerRule> answers;
     if (!options.answersFile.empty())
         answers = readAnswers(inputs, options.answersFile);

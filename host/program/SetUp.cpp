@@ -9,10 +9,11 @@
 
 namespace velkotx::host {
 
-SetUp::SetUp(Inputs& inputs, const SetUpOptions& options)
+SetUp::SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut)
     : arguments_(readArguments(inputs, options.argumentsFile, options.arguments)),
       context_(readObject(inputs, options.contextFile)),
       translations_(readObject(inputs, options.translationsFile)),
+      vehicle_(inputs, options, traceOut),
       messages_(options.messagesFile) {}
 
 COtxValue SetUp::arguments() const {
@@ -22,6 +23,7 @@ COtxValue SetUp::arguments() const {
 void SetUp::apply(Sequencer& sequencer) const {
     sequencer.SetContextVariables(OTX::DeepCopy(context_));
     sequencer.SetTranslations(OTX::DeepCopy(translations_));
+    vehicle_.apply(sequencer);
 }
 
 }  // namespace velkotx::host

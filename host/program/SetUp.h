@@ -2,6 +2,7 @@
 #pragma once
 
 #include "program/Messages.h"
+#include "program/RunVehicle.h"
 
 #include <otx/value/COtxValue.h>
 
@@ -16,21 +17,23 @@ struct SetUpOptions;
 
 class SetUp {
 public:
-    // Reads the files in the order arguments, context, translations, and opens the one of the messages. Throws UsageError.
-    SetUp(Inputs& inputs, const SetUpOptions& options);
+    // Reads the files in the order arguments, context, translations, vehicle, and opens the one of the messages. PDUs are
+    // traced to the stream, which has to outlive all runs. Throws UsageError.
+    SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut);
 
     // A copy for one run: a sequence may change what it is given.
     COtxValue arguments() const;
     // The sink of the messages; lives as long as this object.
     const std::shared_ptr<HostEventSink>& messages() const { return messages_.sink(); }
 
-    // Gives the Sequencer the context variables and translations.
+    // Gives the Sequencer the context variables, the translations and a vehicle of its own.
     void apply(Sequencer& sequencer) const;
 
 private:
     const COtxValue arguments_;
     const COtxValue context_;
     const COtxValue translations_;
+    const RunVehicle vehicle_;
     const Messages messages_;
 };
 

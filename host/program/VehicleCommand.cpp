@@ -4,8 +4,7 @@
 #include "program/ExitStatus.h"
 #include "program/Inputs.h"
 #include "program/OneLine.h"
-
-#include <vehicle/ReadVehicle.h>
+#include "program/VehicleFile.h"
 
 #include <ostream>
 
@@ -17,16 +16,11 @@ std::string count(std::size_t number, const std::string& what) {
     return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
 }
 
-VehicleFile readFrom(const std::string& name, const Streams& streams) {
-    if (name != "-")
-        return readVehicle(name);
-    return readVehicleText(Inputs(streams.in).read(name), ".");
-}
-
 }  // namespace
 
 int checkVehicle(const VehicleCheckOptions& options, const Streams& streams) {
-    const VehicleFile file = readFrom(options.vehicle, streams);
+    Inputs inputs(streams.in);
+    const VehicleFile file = readVehicleFile(inputs, options.vehicle);
     for (const Mistake& mistake : file.mistakes)
         streams.err << oneLine(inWords(mistake, displayName(options.vehicle))) << '\n';
     if (!file.mistakes.empty())

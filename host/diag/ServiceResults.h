@@ -1,0 +1,61 @@
+// The results of a service, and who is told of them.
+#pragma once
+
+#include "diag/DiagResult.h"
+
+#include <otx/value/COtxValue.h>
+
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace velkotx::host {
+
+// Any thread. No lock is held while an event source is called.
+class ServiceResults {
+public:
+    // Of more results the oldest are dropped.
+    static constexpr std::size_t most = 1000;
+
+    using Result = std::shared_ptr<const ResultData>;
+    using List = std::vector<Result>;
+
+    // The event source that is told of each result: the one that somebody still has, or a new one.
+    COtxValue source();
+    // The source was closed: the next one is new.
+    void drop(const COtxValue& source);
+
+    // An execution starts.
+    void begin();
+    // It never came to be.
+    void abandon();
+    // It has ended: its result takes the place of all others. `service` is what the event holds.
+    void end(Result result, const COtxValue& service);
+    // One of a repeated execution has ended: its result comes behind the others.
+    void append(Result result, const COtxValue& service);
+
+    // Whether an execution runs and none has ended since it was started.
+    bool isUnsettled() const;
+    // A source that is signalled when that changes.
+    void listen(const COtxValue& listener);
+    void unlisten(const COtxValue& listener);
+
+    Result first() const;
+    List all() const;
+    List takeAll();
+
+private:
+    void store(Result&& result);
+    void tell(const COtxValue& service, const std::vector<COtxValue>& listeners);
+
+    // Guards all below.
+    mutable std::mutex resultsLock_;
+    std::weak_ptr<COtxValueBehaviour> source_;
+    std::vector<COtxValue> listeners_;
+    std::deque<Result> results_;
+    std::size_t running_ = 0;
+    bool endedSinceStart_ = false;
+};
+
+}  // namespace velkotx::host

@@ -1,0 +1,47 @@
+// The link of a channel in the hands of one thread.
+#include "diag/UdsPossession.h"
+
+#include <utility>
+
+namespace velkotx::host {
+
+UdsTraffic::Possession::Possession(UdsTraffic& traffic, Lock& lock, User user)
+    : traffic_(traffic), link_(traffic.link_), timing_(traffic.session_.stretched(traffic.timing_)) {
+    traffic.user_ = user;
+    lock.unlock();
+}
+
+UdsTraffic::Possession::~Possession() {
+    if (held_)
+        giveBack(nullptr, false);
+}
+
+void UdsTraffic::Possession::release(const UdsExchange& exchange, bool broken) { giveBack(&exchange, broken); }
+void UdsTraffic::Possession::release(bool broken) { giveBack(nullptr, broken); }
+
+bool UdsTraffic::Possession::handOver(UdsExchange&& exchange) {
+    {
+        const std::lock_guard guard(traffic_.trafficLock_);
+        if (traffic_.state_ != UdsChannel::State::Closed) {
+            traffic_.user_ = User::Thread;
+            traffic_.resumed_ = std::move(exchange);
+            held_ = false;
+        }
+    }
+    if (held_) {
+        giveBack(nullptr, false);
+        return false;
+    }
+    traffic_.burstOver_.notify_all();
+    traffic_.threadWanted_.notify_all();
+    return true;
+}
+
+void UdsTraffic::Possession::giveBack(const UdsExchange* exchange, bool broken) {
+    held_ = false;
+    const Clock::Time now = traffic_.clock_.now();
+    Lock lock(traffic_.trafficLock_);
+    traffic_.release(lock, exchange, now, broken);
+}
+
+}  // namespace velkotx::host

@@ -1,0 +1,36 @@
+// The link of a channel in the hands of one thread.
+#pragma once
+
+#include "diag/UdsTraffic.h"
+
+namespace velkotx::host {
+
+// Gives the link back in the end, whatever comes.
+class UdsTraffic::Possession {
+public:
+    // The lock is the traffic's, held; it is let go of.
+    Possession(UdsTraffic& traffic, Lock& lock, User user);
+    Possession(const Possession&) = delete;
+    Possession& operator=(const Possession&) = delete;
+    ~Possession();
+
+    Link& link() const noexcept { return *link_; }
+    const UdsTiming& timing() const noexcept { return timing_; }
+
+    // The exchange has ended; a broken link takes the channel down.
+    void release(const UdsExchange& exchange, bool broken);
+    void release(bool broken);
+    // Leaves the link and the exchange to the channel's thread; false when the channel is closed, and the link is given
+    // back.
+    bool handOver(UdsExchange&& exchange);
+
+private:
+    void giveBack(const UdsExchange* exchange, bool broken);
+
+    UdsTraffic& traffic_;
+    std::shared_ptr<Link> link_;
+    UdsTiming timing_;
+    bool held_ = true;
+};
+
+}  // namespace velkotx::host

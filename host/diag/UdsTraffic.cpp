@@ -1,0 +1,166 @@
+// What goes over the link of a channel: requests as they come.
+#include "diag/UdsTraffic.h"
+
+#include "diag/UdsPossession.h"
+
+#include <exception>
+#include <thread>
+#include <utility>
+
+namespace velkotx::host {
+
+UdsTraffic::UdsTraffic(std::shared_ptr<Transport> transport, std::string name, std::shared_ptr<PduTrace> trace)
+    : transport_(std::move(transport)), clock_(transport_->clock()), name_(std::move(name)), trace_(std::move(trace)) {}
+
+void UdsTraffic::open() {
+    using enum UdsChannel::State;
+    {
+        const std::lock_guard guard(trafficLock_);
+        if (state_ == Closed || state_ == Open)
+            return;
+        if (state_ == Stopped) {
+            state_ = Open;
+            return;
+        }
+    }
+    const auto link = std::make_shared<TracedLink>(transport_->open(name_), clock_, name_, trace_);
+    {
+        const std::lock_guard guard(trafficLock_);
+        if (state_ == Created || state_ == Broken) {
+            link_ = link;
+            state_ = Open;
+            session_.forget();
+            return;
+        }
+    }
+    // Somebody was quicker.
+    link->close();
+}
+
+void UdsTraffic::stop() {
+    std::deque<UdsExchange> waiting;
+    {
+        const std::lock_guard guard(trafficLock_);
+        if (state_ != UdsChannel::State::Open)
+            return;
+        state_ = UdsChannel::State::Stopped;
+        session_.forget();
+        waiting.swap(queue_);
+    }
+    refuse(std::move(waiting), UdsOutcome::End::Closed);
+}
+
+void UdsTraffic::close() {
+    std::deque<UdsExchange> waiting;
+    std::shared_ptr<Link> link;
+    {
+        const std::lock_guard guard(trafficLock_);
+        state_ = UdsChannel::State::Closed;
+        link = link_;
+        waiting.swap(queue_);
+    }
+    threadWanted_.notify_all();
+    if (link != nullptr)
+        link->close();
+    refuse(std::move(waiting), UdsOutcome::End::Closed);
+}
+
+UdsChannel::State UdsTraffic::state() const {
+    const std::lock_guard guard(trafficLock_);
+    return state_;
+}
+
+void UdsTraffic::setTiming(const UdsTiming& timing) {
+    {
+        const std::lock_guard guard(trafficLock_);
+        timing_ = timing;
+        timesChanged_ = true;
+    }
+    threadWanted_.notify_all();
+}
+
+void UdsTraffic::refuse(std::deque<UdsExchange>&& exchanges, UdsOutcome::End end) {
+    for (auto& exchange : exchanges) {
+        exchange.end(end);
+        exchange.report();
+    }
+}
+
+bool UdsTraffic::submit(UdsExchange&& exchange) {
+    Lock lock(trafficLock_);
+    awaitEndOfBurst(lock);
+    const bool open = state_ == UdsChannel::State::Open;
+    if (open && (user_ != User::Nobody || !queue_.empty()) && queue_.size() < UdsChannel::longestQueue) {
+        queue_.push_back(std::move(exchange));
+        lock.unlock();
+        threadWanted_.notify_all();
+        return false;
+    }
+    if (!open || user_ != User::Nobody || !queue_.empty()) {
+        const bool broken = state_ == UdsChannel::State::Broken;
+        lock.unlock();
+        exchange.end(broken ? UdsOutcome::End::LinkBroken : UdsOutcome::End::Closed);
+        exchange.report();
+        return true;
+    }
+    Possession link(*this, lock, User::Burst);
+    if (!run(exchange, link, false, UdsExchange::Patience::Poll)) {
+        if (link.handOver(std::move(exchange)))
+            return false;
+        exchange.end(UdsOutcome::End::Closed);
+    }
+    exchange.report();
+    return true;
+}
+
+// Whoever comes in the middle of a burst spins a little before it sleeps: a burst takes microseconds.
+void UdsTraffic::awaitEndOfBurst(Lock& lock) {
+    for (int spins = 0; user_ == User::Burst && spins < 50; ++spins) {
+        lock.unlock();
+        std::this_thread::yield();
+        lock.lock();
+    }
+    burstOver_.wait(lock, [this] { return user_ != User::Burst; });
+}
+
+// Begins, goes on, and lets go of the link when the exchange has ended. False when an answer has to be waited for.
+bool UdsTraffic::run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience) {
+    try {
+        if (!begun)
+            exchange.begin(link.link(), clock_, link.timing());
+        if (!exchange.proceed(link.link(), clock_, patience))
+            return false;
+        link.release(exchange, false);
+    } catch (const std::exception& failure) {
+        exchange.end(UdsOutcome::End::LinkBroken, failure.what());
+        link.release(exchange, true);
+    }
+    return true;
+}
+
+void UdsTraffic::release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken) {
+    const bool keptAlive = keepsAlive();
+    user_ = User::Nobody;
+    lastTraffic_ = now;
+    if (exchange != nullptr)
+        session_.observe(exchange->request(), exchange->outcome());
+    std::deque<UdsExchange> waiting;
+    std::shared_ptr<Link> brokenLink;
+    if (broken && state_ != UdsChannel::State::Closed) {
+        state_ = UdsChannel::State::Broken;
+        brokenLink = link_;
+        session_.forget();
+        waiting.swap(queue_);
+    }
+    const bool threadWanted = keepsAlive() && !keptAlive;
+    timesChanged_ = timesChanged_ || threadWanted;
+    lock.unlock();
+    burstOver_.notify_all();
+    if (threadWanted)
+        threadWanted_.notify_all();
+    if (brokenLink != nullptr)
+        brokenLink->close();
+    refuse(std::move(waiting), UdsOutcome::End::LinkBroken);
+}
+
+}  // namespace velkotx::host

@@ -1,0 +1,80 @@
+// What goes over the link of a channel, and in which order.
+#pragma once
+
+#include "diag/TracedLink.h"
+#include "diag/UdsChannel.h"
+#include "diag/UdsSession.h"
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace velkotx::host {
+
+// Shared by a channel and its thread. No lock is held while the link, the clock's now(), a client or a trace is called.
+class UdsTraffic {
+public:
+    UdsTraffic(std::shared_ptr<Transport> transport, std::string name, std::shared_ptr<PduTrace> trace);
+
+    void open();
+    void stop();
+    void close();
+    UdsChannel::State state() const;
+    const std::string& name() const noexcept { return name_; }
+    Clock& clock() const noexcept { return clock_; }
+
+    void setTiming(const UdsTiming& timing);
+    bool submit(UdsExchange&& exchange);
+    void schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed);
+    // The thread's life: returns when the channel is closed.
+    void work();
+
+private:
+    // Who has the link. A burst never waits for an answer, so whoever wants the link waits for its end; the channel's
+    // thread does wait, so what comes meanwhile is queued.
+    enum class User { Nobody, Burst, Thread };
+    struct Timed {
+        Clock::Time time;
+        std::weak_ptr<UdsTimed> what;
+    };
+    class Possession;
+    using Lock = std::unique_lock<std::mutex>;
+
+    void awaitEndOfBurst(Lock& lock);
+    void release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken);
+    bool run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience);
+    static void refuse(std::deque<UdsExchange>&& exchanges, UdsOutcome::End end);
+
+    bool resume(Lock& lock);
+    bool serveQueue(Lock& lock);
+    bool serveTimed(Lock& lock, Clock::Time now);
+    bool keepAlive(Lock& lock, Clock::Time now);
+    void rest(Lock& lock, Clock::Time now);
+    void tellOfEnd(Lock& lock, Clock::Time now);
+    bool keepsAlive() const;
+
+    const std::shared_ptr<Transport> transport_;
+    Clock& clock_;
+    const std::string name_;
+    const std::shared_ptr<PduTrace> trace_;
+
+    // Guards all below.
+    mutable std::mutex trafficLock_;
+    std::condition_variable threadWanted_;
+    std::condition_variable burstOver_;
+    UdsChannel::State state_ = UdsChannel::State::Created;
+    std::shared_ptr<Link> link_;
+    UdsTiming timing_;
+    UdsSession session_;
+    User user_ = User::Nobody;
+    // An exchange whose burst is over without an answer; the user is the thread then.
+    std::optional<UdsExchange> resumed_;
+    std::deque<UdsExchange> queue_;
+    std::vector<Timed> timed_;
+    bool timesChanged_ = false;
+    Clock::Time lastTraffic_{0};
+};
+
+}  // namespace velkotx::host
