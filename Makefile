@@ -19,8 +19,8 @@ build-%: packages
 
 demo: build-release
 	@echo
-	@echo "velkotx run examples/01-battery-check.otx --args examples/01-battery-check.json"
-	@build/release/bin/velkotx run examples/01-battery-check.otx --args examples/01-battery-check.json
+	@echo "velkotx run examples/read-identification.otx --vehicle examples/vehicles/compact.json"
+	@build/release/bin/velkotx run examples/read-identification.otx --vehicle examples/vehicles/compact.json
 
 # Every suite in the release build and under the address and undefined behaviour sanitizers.
 test: build-release build-asan

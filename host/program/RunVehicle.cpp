@@ -6,14 +6,8 @@
 #include "program/UsageError.h"
 #include "program/VehicleFile.h"
 
-#include <cominterface/VehicleComInterfaces.h>
 #include <diag/PduPrinter.h>
-#include <diag/VehicleDiagCom.h>
-#include <flash/VehicleFlash.h>
-#include <vehicle/SimulatedTransport.h>
-#include <vehicle/SystemClock.h>
-
-#include <velkotx/Sequencer.h>
+#include <objects/InstallVehicle.h>
 
 namespace velkotx::host {
 
@@ -47,12 +41,8 @@ RunVehicle::RunVehicle(Inputs& inputs, const SetUpOptions& options, std::ostream
 }
 
 void RunVehicle::apply(Sequencer& sequencer) const {
-    if (!description_)
-        return;
-    const auto transport = std::make_shared<SimulatedTransport>(description_, std::make_shared<SystemClock>());
-    sequencer.SetDiagCom(std::make_shared<VehicleDiagCom>(description_, transport, trace_));
-    sequencer.SetFlash(std::make_shared<VehicleFlash>(description_));
-    sequencer.SetComInterface(std::make_shared<VehicleComInterfaces>(description_, transport));
+    if (description_)
+        installVehicle(sequencer, description_, trace_);
 }
 
 }  // namespace velkotx::host

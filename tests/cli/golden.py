@@ -7,6 +7,7 @@
 #     --- hex NAME             (any number) an input file with the bytes whose hexadecimal digits follow
 #     --- first velkotx ...    (any number) a command that has to succeed before the one that is tested
 #     --- env NAME=VALUE       (any number) a variable of the environment
+#     --- mask REGEX           (any number) what differs from run to run: each match in the outputs stands there as ~
 #     --- stdin                standard input: the lines that follow
 #     --- stdin NAME           standard input: that file
 #     $ velkotx run NAME       the command; velkotx and embed are the programs under test
@@ -22,6 +23,7 @@ import argparse
 import difflib
 import os
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
@@ -60,6 +62,9 @@ class Case:
         end = self.text.index("\n" + self.command) + 1 if not self.text.startswith(self.command) else 0
         return self.text[: end + len(self.command)]
 
+    def masks(self):
+        return [re.compile(name.split(" ", 1)[1].encode(), re.MULTILINE) for name, _ in self.setup if name.startswith("mask ")]
+
     def written_files(self):
         return [name.split(" ", 1)[1] for name, _ in self.expected if name.startswith("contents ")]
 
@@ -97,13 +102,15 @@ def prepare(case, folder, programs, examples):
             environment[variable] = value
         elif kind == "stdin":
             standard_input = (folder / rest).read_bytes() if rest else content.encode()
-        else:
+        elif kind != "mask":
             raise SystemExit(f"{case.path}: unknown section '{name}'")
     return environment, standard_input
 
 
-def section(name, output):
+def section(name, output, masks):
     """Sections end with a line end; a text without one says so."""
+    for mask in masks:
+        output = mask.sub(b"~", output)
     if b"\0" in output:
         rows = (output[begin : begin + 16] for begin in range(0, len(output), 16))
         return f"--- {name}\n" + "".join(f"{row.hex(' ')}\n" for row in rows)
@@ -120,11 +127,11 @@ def outcome(case, programs, examples):
         environment, standard_input = prepare(case, folder, programs, examples)
         done = run(case.command[2:], programs, folder, environment, standard_input)
         text = f"--- status {done.returncode}\n"
-        text += section("stdout", done.stdout)
-        text += section("stderr", done.stderr)
+        text += section("stdout", done.stdout, case.masks())
+        text += section("stderr", done.stderr, case.masks())
         for written in case.written_files():
             path = folder / written
-            text += section(f"contents {written}", path.read_bytes() if path.exists() else b"(missing)\n")
+            text += section(f"contents {written}", path.read_bytes() if path.exists() else b"(missing)\n", case.masks())
         return text
 
 

@@ -8,8 +8,10 @@
 #include "Stepper.h"
 #include "TraceRecorder.h"
 #include "Transcript.h"
+#include "VehicleFile.h"
 #include "recording/RecordingVehicle.h"
 
+#include <objects/InstallVehicle.h>
 #include <otx/value/Json.h>
 #include <velkotx/Sequencer.h>
 
@@ -59,7 +61,7 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     Transcript transcript;
     const TraceRecorder recorder(script.trace, transcript);
 
-    RecordingVehicle vehicle(transcript, script.failures);
+    RecordingVehicle recording(transcript, script.failures);
     std::shared_ptr<velkotx::Sequencer> sequencer;
     try {
         sequencer = velkotx::CreateSequencer(*streamOf(document));
@@ -73,7 +75,8 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
 
     const auto host = std::make_shared<RecordingHost>(transcript, script.stopKeys);
     if (script.withHost) sequencer->SetHost(host);
-    if (script.withVehicle) vehicle.giveTo(*sequencer);
+    if (script.recordsCalls) recording.giveTo(*sequencer);
+    if (!script.vehicleFile.empty()) velkotx::host::installVehicle(*sequencer, vehicleIn(script.vehicleFile), nullptr);
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
     const auto work = [&] { runSteps(*sequencer, *host, script, stepped, transcript); };
     // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.

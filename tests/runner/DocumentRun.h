@@ -10,7 +10,7 @@
 namespace documents {
 
 // Gives the transcript. Throws std::runtime_error for what no transcript shows: a compiled form that isn't stable, a step
-// that was refused.
+// that was refused, a vehicle file with mistakes.
 std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode);
 
 }  // namespace documents

@@ -39,7 +39,8 @@ std::vector<std::string> words(std::string text) {
 
 }  // namespace
 
-ExpectFile::ExpectFile(const std::filesystem::path& path) : path_(path) {
+ExpectFile::ExpectFile(const std::filesystem::path& path)
+    : path_(path), document_(std::filesystem::path(path).replace_extension(".otx")) {
     std::ifstream file(path);
     if (!file) throw std::runtime_error("can't read " + path.string());
     for (std::string line; std::getline(file, line);) {
@@ -52,6 +53,8 @@ ExpectFile::ExpectFile(const std::filesystem::path& path) : path_(path) {
             readDirective(line);
         }
     }
+    if (script_.recordsCalls && !script_.vehicleFile.empty())
+        throw std::runtime_error("either %host or %vehicle: both install the same objects");
     bool runs = false;
     for (const Step& step : script_.steps) runs = runs || step.kind == Step::Kind::run;
     if (!runs) script_.steps.push_back({Step::Kind::run, "main", "{}"});
@@ -81,7 +84,11 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.withHost = false;
     } else if (directive == "host") {
         if (rest != "RECORD") throw std::runtime_error("no such host: " + line);
-        script_.withVehicle = true;
+        script_.recordsCalls = true;
+    } else if (directive == "vehicle") {
+        script_.vehicleFile = fileNamed(rest, line);
+    } else if (directive == "document") {
+        document_ = fileNamed(rest, line);
     } else if (directive == "fail") {
         readFailure(line, rest);
     } else if (directive == "skip") {
@@ -111,6 +118,11 @@ void ExpectFile::readFailure(const std::string& line, const std::string& text) {
         throw std::runtime_error("no kind of failure: " + line);
     }
     script_.failures[*number] = failure;
+}
+
+std::filesystem::path ExpectFile::fileNamed(const std::string& name, const std::string& line) const {
+    if (name.empty()) throw std::runtime_error("no file: " + line);
+    return path_.parent_path() / name;
 }
 
 void ExpectFile::rewrite(const std::vector<std::string>& transcript) const {

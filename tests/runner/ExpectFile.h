@@ -31,7 +31,8 @@ struct Script {
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
     bool withHost = true;
-    bool withVehicle = false;  // the recording host objects
+    bool recordsCalls = false;          // the recording host objects are installed
+    std::filesystem::path vehicleFile;  // of the simulated vehicle that is installed; empty for none
     HostFailures failures;
     std::map<Mode, std::string> skipped;  // the reason by mode
 };
@@ -41,6 +42,8 @@ public:
     // Throws std::runtime_error with the line of a directive that it can't read.
     explicit ExpectFile(const std::filesystem::path& path);
 
+    // The document that is meant: the one of the same name beside the file, if no directive names another.
+    const std::filesystem::path& document() const { return document_; }
     const Script& script() const { return script_; }
     const std::vector<std::string>& transcript() const { return transcript_; }
 
@@ -51,7 +54,11 @@ private:
     void readDirective(const std::string& line);
     void readFailure(const std::string& line, const std::string& text);
 
+    // What a directive names, seen from the folder of this file.
+    std::filesystem::path fileNamed(const std::string& name, const std::string& line) const;
+
     std::filesystem::path path_;
+    std::filesystem::path document_;
     std::vector<std::string> directives_;
     Script script_;
     std::vector<std::string> transcript_;

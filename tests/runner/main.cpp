@@ -10,7 +10,6 @@
 
 #include <fnmatch.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -30,26 +29,15 @@ constexpr int exitNotAvailable = 77;
 
 enum class Verdict { passed, failed, skipped };
 
-// The names of all documents below the root that match the filter, sorted.
-std::vector<std::string> documentsOf(const Options& options) {
-    std::vector<std::string> names;
+// The names of all documents and expectations below the root that match the filter. One without the other is named as well,
+// or it would never be noticed.
+std::set<std::string> namesIn(const Options& options) {
+    std::set<std::string> names;
     for (const auto& entry : fs::recursive_directory_iterator(options.root)) {
-        if (entry.path().extension() != ".otx") continue;
+        if (entry.path().extension() != ".otx" && entry.path().extension() != ".expect") continue;
         std::string name = fs::relative(entry.path(), options.root).replace_extension().generic_string();
-        if (fnmatch(options.filter.c_str(), name.c_str(), 0) == 0) names.push_back(std::move(name));
+        if (fnmatch(options.filter.c_str(), name.c_str(), 0) == 0) names.insert(std::move(name));
     }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-// Expectations whose document is missing, which would otherwise never be noticed.
-std::vector<std::string> orphansOf(const Options& options) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::recursive_directory_iterator(options.root)) {
-        if (entry.path().extension() == ".expect" && !fs::exists(fs::path(entry.path()).replace_extension(".otx")))
-            names.push_back(fs::relative(entry.path(), options.root).generic_string());
-    }
-    std::sort(names.begin(), names.end());
     return names;
 }
 
@@ -77,8 +65,9 @@ struct Form {
     std::string missing;
 };
 
-Form formOf(const std::string& name, const Script& script, const Options& options) {
-    std::string text = contentOf(options.root / (name + ".otx"));
+Form formOf(const std::string& name, const ExpectFile& expectation, const Options& options) {
+    const Script& script = expectation.script();
+    std::string text = contentOf(expectation.document());
     if (options.mode != Mode::lane) return {std::move(text), ""};
     if (mustBeRefused(name)) return {"", "is refused before a lane could run"};
     if (!script.stopKeys.empty()) return {"", "the parallel node would be a stop too"};
@@ -101,7 +90,7 @@ Verdict check(const std::string& name, const Options& options) {
     const ExpectFile expectation(options.root / (name + ".expect"));
     const auto& skipped = expectation.script().skipped;
     if (const auto found = skipped.find(options.mode); found != skipped.end()) return skip(name, found->second);
-    const Form form = formOf(name, expectation.script(), options);
+    const Form form = formOf(name, expectation, options);
     if (!form.missing.empty()) return skip(name, form.missing);
     if (options.verbose) print("running " + name + "\n");
     const auto actual = runDocument(form.text, expectation.script(), options.mode);
@@ -135,12 +124,8 @@ int runAll(const Options& options) {
     std::size_t passed = 0;
     std::size_t skipped = 0;
     std::vector<std::string> failed;
-    for (const std::string& orphan : orphansOf(options)) {
-        print("FAILED " + orphan + ": there is no such document\n");
-        failed.push_back(orphan);
-    }
     watchForCrashes();
-    for (const std::string& name : documentsOf(options)) {
+    for (const std::string& name : namesIn(options)) {
         nowRunning(name);
         const Verdict verdict = checkGuarded(name, options);
         nowRunning("");
