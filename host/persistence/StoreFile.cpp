@@ -18,6 +18,9 @@ constexpr int ourVersion = 1;
 constexpr const char* ourTable =
     "CREATE TABLE value (name TEXT NOT NULL PRIMARY KEY, json TEXT NOT NULL, crc32 INTEGER NOT NULL) STRICT, WITHOUT ROWID";
 
+constexpr const char* notOurs = "not a file of persisted values";
+constexpr const char* damaged = "the file is damaged";
+
 bool isEmpty(Database& database) {
     return database.ask("PRAGMA application_id") == "0" && database.ask("PRAGMA user_version") == "0" &&
            database.ask("SELECT count(*) FROM sqlite_schema") == "0";
@@ -25,13 +28,13 @@ bool isEmpty(Database& database) {
 
 void requireOurs(Database& database) {
     if (database.ask("PRAGMA application_id") != ourMark)
-        throw DatabaseFailure("not a file of persisted values");
+        throw DatabaseFailure(notOurs);
     const std::string version = database.ask("PRAGMA user_version");
     if (version != std::to_string(ourVersion))
         throw DatabaseFailure("persisted values of version " + version + ", this program knows version " +
                               std::to_string(ourVersion));
     if (database.ask("SELECT group_concat(sql) FROM sqlite_schema") != ourTable)
-        throw DatabaseFailure("the file is damaged");
+        throw DatabaseFailure(damaged);
 }
 
 // Two processes may find the file empty at once; the second one finds it made.
@@ -55,25 +58,32 @@ void choosePace(Database& database) {
 
 void requireUndamaged(Database& database) {
     if (database.ask("PRAGMA quick_check(1)") != "ok")
-        throw DatabaseFailure("the file is damaged");
+        throw DatabaseFailure(damaged);
     Statement values(database, "SELECT name, json, crc32 FROM value");
     while (values.step()) {
         if (checksum(values.text(0), values.text(1)) != values.number(2))
-            throw DatabaseFailure("the file is damaged");
+            throw DatabaseFailure(damaged);
     }
 }
 
-void requirePlainFile(const std::string& file) {
+// SQLite would make a device or a pipe into a database, and takes a file of a single byte for an empty one.
+void requireUsable(const std::string& file) {
+    constexpr std::uintmax_t smallestDatabase = 512;
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
-    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+    if (!std::filesystem::exists(status))
+        return;
+    if (!std::filesystem::is_regular_file(status))
         throw DatabaseFailure("not a plain file");
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    if (!error && size > 0 && size < smallestDatabase)
+        throw DatabaseFailure(notOurs);
 }
 
 }  // namespace
 
 Database openStoreFile(const std::string& file) {
-    requirePlainFile(file);
+    requireUsable(file);
     Database database(file);
     if (database.isReadOnly())
         throw DatabaseFailure("the file can't be written");
