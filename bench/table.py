@@ -89,7 +89,8 @@ def persist(build):
     print(f"\n{f'{SAVES} saves':30} {'rate /s':>8} {'of bare':>8} {'goal':>7}")
     for title, name in {"by the bare database": "bareSaves", "through the store": "storeSaves", "of a sequence": "sequenceSaves"}.items():
         taken = time[name]["real_time"]
-        print(f"{title:30} {SAVES * 1e3 / taken:8.0f} {time['bareSaves']['real_time'] / taken:8.2f} {'>= 0.33':>7}")
+        goal = "" if name == "bareSaves" else ">= 0.33"
+        print(f"{title:30} {SAVES * 1e3 / taken:8.0f} {time['bareSaves']['real_time'] / taken:8.2f} {goal:>7}")
 
 
 def values(build):
