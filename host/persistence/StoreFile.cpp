@@ -85,11 +85,11 @@ void requireUsable(const std::string& file) {
 Database openStoreFile(const std::string& file) {
     requireUsable(file);
     Database database(file);
-    if (database.isReadOnly())
-        throw DatabaseFailure("the file can't be written");
     const bool isNew = isEmpty(database);
     if (!isNew)
         requireOurs(database);
+    if (database.isReadOnly())
+        throw DatabaseFailure("the file can't be written");
     choosePace(database);
     if (isNew) {
         makeIfEmpty(database);

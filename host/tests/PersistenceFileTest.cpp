@@ -93,6 +93,16 @@ TEST_F(PersistenceFile, OfAnotherVersionIsRefusedAndLeftAsItIs) {
     }
 }
 
+TEST_F(PersistenceFile, ThatCantBeWrittenIsRefused) {
+    save({{"x", "1"}});
+    constexpr std::size_t writeVersion = 18;
+    std::string changed = bytes();
+    changed[writeVersion] = 3;
+    write(changed);
+    EXPECT_EQ(refusal(), "the file can't be written");
+    EXPECT_EQ(bytes(), changed);
+}
+
 TEST_F(PersistenceFile, WithMoreInItThanValuesIsRefused) {
     save({{"x", "1"}});
     execute("CREATE VIEW more AS SELECT * FROM value");
