@@ -4,6 +4,7 @@ The machines are shared and noisy, so that only ratios of medians from one run c
 """
 
 import json
+import os
 import pathlib
 import statistics
 import subprocess
@@ -14,6 +15,7 @@ ROUNDS = 7
 # Program: n of the run, and the highest ratio to python3 that is meant to be reached.
 PROGRAMS = {"loop": (300_000, 5.0), "call": (200_000, 6.0), "list": (200_000, 5.0), "fib": (22, 10.0)}
 COMPILED_SIZES = (1, 10)  # megabytes of the XML that was compiled
+SAVES = int(os.environ.get("BENCH_SAVES", "10000"))  # 100000 takes a minute
 LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
 
 
@@ -81,6 +83,16 @@ def lanes(build):
     print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
 
 
+def persist(build):
+    runs = suite(build, "bench_persist", f"/{SAVES}/", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
+    time = {name: runs[f"{name}/{SAVES}/iterations:1/real_time_median"] for name in ("bareSaves", "storeSaves", "sequenceSaves")}
+    print(f"\n{f'{SAVES} saves':30} {'rate /s':>8} {'of bare':>8} {'goal':>7}")
+    for title, name in {"by the bare database": "bareSaves", "through the store": "storeSaves", "of a sequence": "sequenceSaves"}.items():
+        taken = time[name]["real_time"]
+        goal = "" if name == "bareSaves" else ">= 0.33"
+        print(f"{title:30} {SAVES * 1e3 / taken:8.0f} {time['bareSaves']['real_time'] / taken:8.2f} {goal:>7}")
+
+
 def values(build):
     runs = suite(build, "bench_values", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
     lock = runs["recursiveLock_median"]["cpu_time"]
@@ -95,6 +107,7 @@ def main():
     jumps(build)
     load(build)
     lanes(build)
+    persist(build)
     values(build)
 
 

@@ -104,6 +104,7 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
             "Write every message to the host here, one JSON object a line");
     addFile(command, "--vehicle", options.vehicleFile, "Talk to the simulated vehicle that this file describes");
     command.add_flag("--trace-pdu", options.tracePdu, "Write each PDU to standard error; needs --vehicle");
+    addFile(command, "--persist", options.persistenceFile, "Keep the values that the sequence saves in this file");
 }
 
 void addRun(CLI::App& program, RunOptions& options) {

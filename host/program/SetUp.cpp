@@ -14,6 +14,7 @@ SetUp::SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut
       context_(readObject(inputs, options.contextFile)),
       translations_(readObject(inputs, options.translationsFile)),
       vehicle_(inputs, options, traceOut),
+      persistence_(options),
       messages_(options.messagesFile) {}
 
 COtxValue SetUp::arguments() const {
@@ -24,6 +25,7 @@ void SetUp::apply(Sequencer& sequencer) const {
     sequencer.SetContextVariables(OTX::DeepCopy(context_));
     sequencer.SetTranslations(OTX::DeepCopy(translations_));
     vehicle_.apply(sequencer);
+    persistence_.apply(sequencer);
 }
 
 }  // namespace velkotx::host

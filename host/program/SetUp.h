@@ -2,6 +2,7 @@
 #pragma once
 
 #include "program/Messages.h"
+#include "program/RunPersistence.h"
 #include "program/RunVehicle.h"
 
 #include <otx/value/COtxValue.h>
@@ -17,8 +18,8 @@ struct SetUpOptions;
 
 class SetUp {
 public:
-    // Reads the files in the order arguments, context, translations, vehicle, and opens the one of the messages. PDUs are
-    // traced to the stream, which has to outlive all runs. Throws UsageError.
+    // Reads the files in the order arguments, context, translations, vehicle, and opens those of the persisted values and of the
+    // messages. PDUs are traced to the stream, which has to outlive all runs. Throws UsageError.
     SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut);
 
     // A copy for one run: a sequence may change what it is given.
@@ -26,7 +27,7 @@ public:
     // The sink of the messages; lives as long as this object.
     const std::shared_ptr<HostEventSink>& messages() const { return messages_.sink(); }
 
-    // Gives the Sequencer the context variables, the translations and a vehicle of its own.
+    // Gives the Sequencer the context variables, the translations, a vehicle of its own, and the persisted values.
     void apply(Sequencer& sequencer) const;
 
 private:
@@ -34,6 +35,7 @@ private:
     const COtxValue context_;
     const COtxValue translations_;
     const RunVehicle vehicle_;
+    const RunPersistence persistence_;
     const Messages messages_;
 };
 
