@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build make git python3
-    libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev libedit-dev
+    libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev libedit-dev libssl-dev
     libgtest-dev libudunits2-dev
 )
 # For `make bench` and `make fuzz` only.

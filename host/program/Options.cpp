@@ -104,6 +104,8 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
             "Write every message to the host here, one JSON object a line");
     addFile(command, "--vehicle", options.vehicleFile, "Talk to the simulated vehicle that this file describes");
     command.add_flag("--trace-pdu", options.tracePdu, "Write each PDU to standard error; needs --vehicle");
+    command.add_option("--providers", options.providersFolder, "Find plug-ins of service providers in this folder")
+        ->type_name("DIR");
 }
 
 void addRun(CLI::App& program, RunOptions& options) {

@@ -20,6 +20,7 @@ struct SetUpOptions {
     std::string messagesFile;
     std::string vehicleFile;
     bool tracePdu = false;
+    std::string providersFolder;
 };
 
 // velkotx run FILE [PROCEDURE].
