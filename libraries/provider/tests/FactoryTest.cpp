@@ -154,7 +154,7 @@ TEST_F(Factory, BearsManyThreads) {
     addScripted("T");
     std::vector<std::thread> threads;
     for (int number = 0; number < 4; ++number)
-        threads.emplace_back([&, name = "T" + std::to_string(number)] {
+        threads.emplace_back([&, name = std::string(1, static_cast<char>('a' + number))] {
             for (int round = 0; round < 200; ++round) {
                 RegisterProviderType(name, [](const auto&, const auto&, const auto&) {
                     return providerOf([](const std::stop_token&) {});

@@ -71,8 +71,9 @@ TEST_F(Plugin, ThatIsNoSharedObjectIsRefused) {
 }
 
 TEST_F(Plugin, IsNoFileOutsideOfTheFolder) {
-    for (const std::string& type : {"../plugins/Fitting", "/Fitting", ".", "..", ".hidden", ""})
-        EXPECT_EQ(refusal(type), "21: Unknown provider type '" + type + "': it isn't registered, and there is no plug-in for it");
+    for (const char* const type : {"../plugins/Fitting", "/Fitting", ".", "..", ".hidden", ""})
+        EXPECT_EQ(refusal(type),
+                  std::string("21: Unknown provider type '") + type + "': it isn't registered, and there is no plug-in for it");
     const std::string withNull("Fitting\0x", 9);
     EXPECT_TRUE(refusal(withNull).starts_with("21: Unknown provider type 'Fitting")) << "a name that ends early is another name";
 }
