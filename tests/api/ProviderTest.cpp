@@ -166,13 +166,15 @@ TEST_F(Provider, FailsThroughTheActionUnchanged) {
     const TestType type("T", script);
     const std::string make = createProvider("a1", "p", "T");
     EXPECT_EQ(outcomeOf(make + executeService("a2", "p", "otx")), "exception ExecuteException: busy");
-    EXPECT_EQ(outcomeOf(make + handlerOf(providerException("ProviderServiceException"), "h1",
-                                         executeService("a2", "p", "otx"), set("a3", "g", 1))),
+    EXPECT_EQ(outcomeOf(make + handlerOf(providerException("ExecuteException"), "h1", executeService("a2", "p", "otx"),
+                                         set("a3", "g", 1))),
               "{}");
     EXPECT_EQ(global("g"), 1);
     EXPECT_EQ(outcomeOf(make + executeService("a2", "p", "standard")), "other broken");
     EXPECT_EQ(outcomeOf(make + disposeProvider("a2", "p")), "exception ProviderDisposedException: again");
-    EXPECT_EQ(outcomeOf(make + parallel("n1", {executeService("a2", "p", "number"), set("a3", "g", 1)})), cancelled);
+    EXPECT_EQ(outcomeOf(make + parallel("n1", {executeService("a2", "p", "number"), set("a3", "x", 1)}) + set("a4", "g", 2)),
+              cancelled);
+    EXPECT_EQ(global("g"), 0);
 }
 
 // --- the end of a service
