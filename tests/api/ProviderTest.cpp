@@ -86,7 +86,7 @@ TEST_F(Provider, OfAnUnknownTypeCanBeHandled) {
               "{}");
     EXPECT_EQ(global("g"), 1);
     EXPECT_EQ(outcomeOf(createProvider("a1", "p", "Nobody")),
-              "exception ProviderException: Unknown provider type 'Nobody': it isn't registered, and there is no plug-in for it");
+              "exception ProviderException: Unknown provider type 'Nobody': it isn't registered, and no folder of plug-ins is named");
 }
 
 TEST_F(Provider, IsNotMadeWithoutAHost) {

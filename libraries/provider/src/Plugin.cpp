@@ -44,7 +44,7 @@ ProviderPluginEntry entryOf(const std::string& file) {
 
 std::string pluginFile(const std::string& folder, const std::string& providerType) {
     constexpr std::string_view impossible("/\0", 2);
-    if (folder.empty() || providerType.empty() || providerType.front() == '.' ||
+    if (providerType.empty() || providerType.front() == '.' ||
         providerType.find_first_of(impossible) != std::string::npos)
         return {};
     return (folder.ends_with('/') ? folder : folder + '/') + providerType + ".so";

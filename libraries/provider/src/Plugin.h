@@ -7,7 +7,7 @@
 
 namespace otx {
 
-// The file in the folder that would bring the type; empty for a type that can't be the name of a file, and without a folder.
+// The file in the folder that would bring the type; empty for a type that can't be the name of a file.
 std::string pluginFile(const std::string& folder, const std::string& providerType);
 
 // The maker of the plug-in in that file; an empty function if there is no such file. Throws kind 24

@@ -19,10 +19,13 @@ namespace {
 ProviderMaker makerOf(const std::string& type) {
     const otx::ProviderTypes& types = otx::ProviderTypes::instance();
     if (ProviderMaker registered = types.find(type)) return registered;
-    const std::string file = otx::pluginFile(types.folder(), type);
-    if (file.empty()) refuse("Unknown provider type '" + type + "': it isn't registered, and there is no plug-in for it");
+    const std::string unknown = "Unknown provider type '" + type + "': it isn't registered, and ";
+    const std::string folder = types.folder();
+    if (folder.empty()) refuse(unknown + "no folder of plug-ins is named");
+    const std::string file = otx::pluginFile(folder, type);
+    if (file.empty()) refuse(unknown + "no plug-in can have its name");
     if (ProviderMaker loaded = otx::loadPlugin(file, type)) return loaded;
-    refuse("Unknown provider type '" + type + "': it isn't registered, and there is no plug-in '" + file + "'");
+    refuse(unknown + "there is no plug-in '" + file + "'");
 }
 
 class Factory final : public ServiceProviderFactory {

@@ -35,7 +35,7 @@ TEST_F(Factory, HandsTheMakerWhatItWasGiven) {
 
 TEST_F(Factory, RefusesAnUnknownType) {
     EXPECT_EQ(thrownBy([&] { create("Nobody"); }),
-              "21: Unknown provider type 'Nobody': it isn't registered, and there is no plug-in for it");
+              "21: Unknown provider type 'Nobody': it isn't registered, and no folder of plug-ins is named");
 }
 
 TEST_F(Factory, RefusesATypeThatWasTakenBackAndKeepsItsProviders) {
@@ -44,7 +44,7 @@ TEST_F(Factory, RefusesATypeThatWasTakenBackAndKeepsItsProviders) {
     EXPECT_TRUE(UnregisterProviderType("T"));
     EXPECT_FALSE(UnregisterProviderType("T"));
     EXPECT_EQ(thrownBy([&] { create("T"); }),
-              "21: Unknown provider type 'T': it isn't registered, and there is no plug-in for it");
+              "21: Unknown provider type 'T': it isn't registered, and no folder of plug-ins is named");
     EXPECT_EQ(get("T").GetBehaviourReference(), provider.GetBehaviourReference());
 }
 
