@@ -5,6 +5,7 @@
 #include <otx/provider/ProviderPlugin.h>
 #include <otx/value/COtxException.h>
 
+#include <cstring>
 #include <filesystem>
 
 #include "Stated.h"
@@ -61,9 +62,11 @@ ProviderMaker loadPlugin(const std::string& file, const std::string& providerTyp
     const ProviderPlugin* const plugin =
         stated(Exceptions_e::ConfigurationException, "Plug-in '" + file + "' failed in its entry point", entry);
     if (plugin == nullptr) refuse(file, "gives no description of itself");
-    // Nothing else is read of another version.
-    if (plugin->version != ExternalServiceProvider::providerPluginVersion)
-        refuse(file, "has version " + std::to_string(plugin->version) + " of the interface, " +
+    // Nothing else may be there in another version.
+    std::uint32_t version = 0;
+    std::memcpy(&version, plugin, sizeof version);
+    if (version != ExternalServiceProvider::providerPluginVersion)
+        refuse(file, "has version " + std::to_string(version) + " of the interface, " +
                          std::to_string(ExternalServiceProvider::providerPluginVersion) + " is needed");
     if (plugin->providerType == nullptr || plugin->make == nullptr)
         refuse(file, "gives an incomplete description of itself");
