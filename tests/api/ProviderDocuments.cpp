@@ -101,6 +101,21 @@ std::string disposeProvider(const std::string& id, const std::string& variable) 
     return action(id, "s:DisposeProvider", "", provider(variable));
 }
 
+std::string listOfProviders(const std::string& name) {
+    return "<variable id=\"d-" + name + "\" name=\"" + name + "\"><realisation" + modules +
+           "><dataType xsi:type=\"List\"><itemType xsi:type=\"s:ServiceProvider\" providerType=\"Any\"/></dataType>"
+           "</realisation></variable>";
+}
+
+std::string appendProvider(const std::string& id, const std::string& list, const std::string& variable) {
+    return action(id, "ListAppendItems", "",
+                  "<list name=\"" + list + "\"/><item xsi:type=\"s:ServiceProviderValue\" valueOf=\"" + variable + "\"/>");
+}
+
+std::string clearList(const std::string& id, const std::string& list) {
+    return action(id, "ListClear", "", "<list name=\"" + list + "\"/>");
+}
+
 std::string setProperty(const std::string& id, const std::string& variable) {
     return action(id, "s:SetProperty", " providerType=\"Any\" property=\"any\"",
                   provider(variable) + "<s:value xsi:type=\"IntegerLiteral\" value=\"1\"/>");

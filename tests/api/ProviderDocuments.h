@@ -29,6 +29,10 @@ std::string executeService(const std::string& id, const std::string& variable, c
 // The result is the name of a variable, or empty.
 std::string terminateService(const std::string& id, const std::string& handle, const std::string& result = "");
 std::string disposeProvider(const std::string& id, const std::string& variable);
+// Appends a provider to a list, and empties a list.
+std::string listOfProviders(const std::string& name);
+std::string appendProvider(const std::string& id, const std::string& list, const std::string& variable);
+std::string clearList(const std::string& id, const std::string& list);
 // Actions of the module that have no behaviour.
 std::string setProperty(const std::string& id, const std::string& variable);
 std::string fetchEventValues(const std::string& id, const std::string& event);

@@ -16,16 +16,18 @@
 #include <mutex>
 #include <stop_token>
 #include <string>
+#include <utility>
 
 namespace {
 
 using namespace api;
 namespace esp = ExternalServiceProvider;
 
-// Until lasts until it is asked to end; Write writes its out argument o; Fail fails.
+// Until lasts until it is asked to end; Farewell does so too, and then sends a message; Write writes its out argument o; Fail
+// fails.
 class Worker final : public esp::Provider {
 public:
-    explicit Worker(std::atomic<int>& running) : running_(running) {}
+    Worker(std::shared_ptr<esp::HostInterface> host, std::atomic<int>& running) : host_(std::move(host)), running_(running) {}
 
     esp::ServiceWork Execute(const std::string& service, const esp::ProviderArguments& in,
                              const esp::ProviderVariables& variables) override {
@@ -34,17 +36,19 @@ public:
                 variables.Write("o", written);
             };
         if (service == "Fail") return [](const std::stop_token&) { throw COtxException(OTX::Exceptions_e::Exception, "no"); };
-        return [this](const std::stop_token& terminated) {
+        return [this, isPolite = service == "Farewell"](const std::stop_token& terminated) {
             ++running_;
             std::mutex waitLock;
             std::condition_variable_any never;
             std::unique_lock guard(waitLock);
             never.wait(guard, terminated, [] { return false; });
+            if (isPolite) host_->sendRequest(COtxValue());
             --running_;
         };
     }
 
 private:
+    const std::shared_ptr<esp::HostInterface> host_;
     std::atomic<int>& running_;
 };
 
@@ -57,8 +61,8 @@ protected:
     }
 
     std::atomic<int> running{0};
-    const TestType type{"Worker", [this](const auto&, const auto&, const auto&) {
-                            return esp::MakeProvider(std::make_shared<Worker>(running));
+    const TestType type{"Worker", [this](const auto& itsHost, const auto&, const auto&) {
+                            return esp::MakeProvider(std::make_shared<Worker>(itsHost, running));
                         }};
 };
 
@@ -101,6 +105,46 @@ TEST_F(ProviderService, IsEndedByTheDisposalInAnotherLane) {
     EXPECT_EQ(outcome(), "exception ProviderDisposedException: The provider has been disposed of");
     EXPECT_EQ(global("g"), 1);
     EXPECT_EQ(running, 0);
+}
+
+// --- a provider goes while its service speaks to the host, which asks the run for its status: no lock may be held
+
+class ProviderFarewell : public ProviderService {
+protected:
+    void SetUp() override {
+        host->reaction = [this](const COtxValue&) { EXPECT_TRUE(control("status").starts_with(R"({"flows":[)")); };
+    }
+
+    const std::string make = createProvider("f1", "q", "Worker") +
+                             executeService("f2", "q", "Farewell", " executeAsync=\"true\"");
+
+    // Runs main and a procedure `maker`, whose variable q is a provider.
+    void expectFarewells(std::size_t count, const std::string& main, const std::string& maker) {
+        begin(procedure("main", main) + procedure("maker", maker, "", providerVariable("q") + listOfProviders("l")));
+        start();
+        EXPECT_EQ(outcome(), "{}");
+        EXPECT_EQ(host->count(), count);
+        EXPECT_EQ(running, 0);
+    }
+};
+
+TEST_F(ProviderFarewell, AtTheEndOfAProcedure) { expectFarewells(1, call("a1", "maker") + set("a2", "g", 1), make); }
+
+TEST_F(ProviderFarewell, AtTheEndOfProceduresInLanes) {
+    expectFarewells(2, parallel("n1", {call("a1", "maker"), call("a2", "maker")}), make);
+}
+
+TEST_F(ProviderFarewell, WhenAnotherOneIsAssigned) {
+    expectFarewells(1, call("a1", "maker"), make + createProvider("a2", "q", "Worker"));
+}
+
+TEST_F(ProviderFarewell, WhenAListIsCleared) {
+    expectFarewells(1, call("a1", "maker"),
+                    make + appendProvider("a2", "l", "q") + createProvider("a3", "q", "Worker") + clearList("a4", "l"));
+}
+
+TEST_F(ProviderFarewell, AtTheDisposal) {
+    expectFarewells(1, call("a1", "maker"), make + mutexGroup("m1", disposeProvider("a2", "q")));
 }
 
 // --- run control

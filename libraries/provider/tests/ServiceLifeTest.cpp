@@ -115,7 +115,7 @@ TEST(ServiceLifeDeathTest, AProcessMayExitWhileAServiceRuns) {
     EXPECT_EXIT(
         {
             std::promise<void> began;
-            auto* const kept = new COtxValue(providerOf([&](const std::stop_token& terminated) {
+            static auto* const kept = new COtxValue(providerOf([&](const std::stop_token& terminated) {
                 began.set_value();
                 lastUntilTerminated(terminated);
             }));
