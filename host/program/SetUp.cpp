@@ -2,6 +2,7 @@
 #include "program/SetUp.h"
 
 #include "program/Options.h"
+#include "program/ProviderFolder.h"
 #include "program/Values.h"
 
 #include <otx/value/Functions.h>
@@ -15,7 +16,9 @@ SetUp::SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut
       translations_(readObject(inputs, options.translationsFile)),
       vehicle_(inputs, options, traceOut),
       persistence_(options),
-      messages_(options.messagesFile) {}
+      messages_(options.messagesFile) {
+    useProviderFolder(options.providersFolder);
+}
 
 COtxValue SetUp::arguments() const {
     return OTX::DeepCopy(arguments_);

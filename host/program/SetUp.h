@@ -18,8 +18,9 @@ struct SetUpOptions;
 
 class SetUp {
 public:
-    // Reads the files in the order arguments, context, translations, vehicle, and opens those of the persisted values and of the
-    // messages. PDUs are traced to the stream, which has to outlive all runs. Throws UsageError.
+    // Reads the files in the order arguments, context, translations, vehicle, opens those of the persisted values and of the
+    // messages, and names the folder of plug-ins to the process. PDUs are traced to the stream, which has to outlive all runs.
+    // Throws UsageError.
     SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut);
 
     // A copy for one run: a sequence may change what it is given.

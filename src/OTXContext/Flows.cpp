@@ -9,9 +9,14 @@ constinit thread_local OtxContext::Recent OtxContext::recent{};
 
 void OtxContext::BeginFlow(FlowState state, std::thread::id parent) {
     const auto thread = std::this_thread::get_id();
+    const auto isLeftOver = [&] {
+        const std::lock_guard guard(flowLock);
+        return flows.count(thread) != 0;
+    };
+    // A new thread may have the number of one whose run ended in an exception and that is gone. What that one left dies while
+    // no lock is held.
+    if (parent != std::thread::id() && isLeftOver()) EndFlow(thread);
     const std::lock_guard guard(flowLock);
-    // A new thread may have the number of one whose run ended in an exception and that is gone.
-    if (parent != std::thread::id() && flows.count(thread) != 0) EndFlow(thread);
     vars.newStack(parent);
     const unsigned id = nextFlowId++;
     // The record of a run that ended in an exception stays, with its old number.

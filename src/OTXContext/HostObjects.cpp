@@ -2,6 +2,7 @@
 #include <OTXContext/OtxContext.h>
 #include <OTXExternalServiceProvider/HostServiceInterface.h>
 #include <OTXHMIIF/HMI.h>
+#include <otx/provider/ServiceProviderFactory.h>
 #include <velkotx/Exceptions.h>
 
 #include <utility>
@@ -80,6 +81,12 @@ HvtFileStore& OtxContext::FileStore() const {
 std::shared_ptr<ExternalServiceProvider::HostServiceInterface> OtxContext::HostService() const {
     required(hostService, "Host Service interface not initialised");
     return hostService;
+}
+
+ExternalServiceProvider::ServiceProviderFactory& OtxContext::ServiceProviderFactory() {
+    const std::lock_guard guard(factoryLock);
+    if (serviceProviderFactory == nullptr) serviceProviderFactory = ExternalServiceProvider::GetServiceProviderFactory();
+    return *serviceProviderFactory;
 }
 
 std::shared_ptr<velkotx::HostEventSink> OtxContext::Host() const {

@@ -5,6 +5,7 @@
 #include <OtxVars/Cell.h>
 #include <OtxVars/OtxContextVariable.h>
 #include <Trace.h>
+#include <otx/provider/ServiceProviderFactory.h>
 #include <otx/value/COtxException.h>
 #include <otx/value/COtxString.h>
 #include <velkotx/Exceptions.h>

@@ -33,6 +33,7 @@ class HMI;
 }
 namespace ExternalServiceProvider {
 class HostServiceInterface;
+class ServiceProviderFactory;
 }
 
 namespace otxns {
@@ -69,6 +70,8 @@ public:
     HvtFileStore& FileStore() const;
     std::shared_ptr<ExternalServiceProvider::HostServiceInterface> HostService() const;
     std::shared_ptr<velkotx::HostEventSink> Host() const;
+    // Made at the first call and kept. Any thread. Not a host's object: it never misses.
+    ExternalServiceProvider::ServiceProviderFactory& ServiceProviderFactory();
 
     OtxVars& Variables() noexcept { return vars; }
     // The one lock of all MutexGroup statements.
@@ -174,6 +177,9 @@ private:
     std::shared_ptr<PersistenceHost> persistence;
     std::shared_ptr<HvtFileStore> fileStore;
     std::shared_ptr<ExternalServiceProvider::HostServiceInterface> hostService;
+    // Guards the making of serviceProviderFactory.
+    std::mutex factoryLock;
+    std::unique_ptr<ExternalServiceProvider::ServiceProviderFactory> serviceProviderFactory;
     std::unique_ptr<OTX::HMI> hmi;
     COtxValue contextVariables;
     COtxValue translations;

@@ -1,9 +1,9 @@
 // The road from a service provider to the host.
 #pragma once
 
-#include <memory>
+#include <otx/provider/HostInterface.h>
 
-class COtxValue;
+#include <memory>
 
 namespace velkotx {
 class HostEventSink;
@@ -11,13 +11,13 @@ class HostEventSink;
 
 namespace ExternalServiceProvider {
 
-// Made by the context for each host, which it holds weakly. Any thread.
-class HostServiceInterface {
+// Made by the context for each host, which it holds weakly; providers keep the one that they were made with. Any thread.
+class HostServiceInterface final : public HostInterface {
 public:
     explicit HostServiceInterface(std::weak_ptr<velkotx::HostEventSink> host);
 
     // Hands the message to the host on the calling thread. If the host is gone, the message is dropped without a word.
-    void sendRequest(const COtxValue& message);
+    void sendRequest(const COtxValue& message) override;
 
 private:
     std::weak_ptr<velkotx::HostEventSink> host;

@@ -1,5 +1,6 @@
 // The words of run control, and the events of the host.
 #include <OTXContext/OtxContext.h>
+#include <OTXExternalServiceProvider/ProviderEvents.h>
 #include <OTXHMIIF/HMI.h>
 #include <Trace.h>
 #include <VelkOTXe/Boundary.h>
@@ -31,8 +32,10 @@ void Sequencer_impl::SendEvent(const COtxValue& event) {
             context->HMI().inputEvent(event);
             return;
         }
-        // Without a library of providers there is nobody behind the check.
-        if (eventType.starts_with("ESP-")) context->HostService();
+        if (eventType.starts_with("ESP-")) {
+            ExternalServiceProvider::deliverEvent(*context, event);
+            return;
+        }
         throw std::runtime_error("Unknown event type: " + eventType);
     } catch (COtxValue& exception) {
         OTX_TRACE(0, "Uncaught OTX Sequence Exception: " << exception);

@@ -16,7 +16,7 @@
 #     --- stderr
 #     --- contents NAME        (any number) what stands in a file that the program wrote
 #
-# A case runs in an empty folder of its own, beside a link to the examples. Output that isn't text is compared as
+# A case runs in an empty folder of its own, beside links to the examples and the plug-ins. Output that isn't text is compared as
 # hexadecimal digits, 16 bytes a line.
 
 import argparse
@@ -77,13 +77,14 @@ def run(command, programs, folder, environment, standard_input):
     )
 
 
-def prepare(case, folder, programs, examples):
+def prepare(case, folder, programs, links):
     environment = {"PATH": os.environ["PATH"]}
     for name in os.environ:
         if name.endswith("SAN_OPTIONS"):
             environment[name] = os.environ[name]
     standard_input = b""
-    (folder / "examples").symlink_to(examples)
+    for link, target in links.items():
+        (folder / link).symlink_to(target)
     for name, content in case.setup:
         kind, _, rest = name.partition(" ")
         if kind == "file":
@@ -120,11 +121,11 @@ def section(name, output, masks):
     return f"--- {name}\n{content}"
 
 
-def outcome(case, programs, examples):
+def outcome(case, programs, links):
     """Runs a case and gives what its expectations would have to be."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        environment, standard_input = prepare(case, folder, programs, examples)
+        environment, standard_input = prepare(case, folder, programs, links)
         done = run(case.command[2:], programs, folder, environment, standard_input)
         text = f"--- status {done.returncode}\n"
         text += section("stdout", done.stdout, case.masks())
@@ -140,11 +141,12 @@ def main():
     parser.add_argument("--velkotx", required=True, help="the program")
     parser.add_argument("--embed", required=True, help="the embedding example")
     parser.add_argument("--examples", required=True, help="the folder of the examples")
+    parser.add_argument("--plugins", required=True, help="the folder of the plug-ins that are examples")
     parser.add_argument("--rebase", action="store_true", help="rewrite the expectations")
     parser.add_argument("names", nargs="*", help="cases to run, all by default")
     options = parser.parse_args()
     programs = {"velkotx": os.path.abspath(options.velkotx), "embed": os.path.abspath(options.embed)}
-    examples = os.path.abspath(options.examples)
+    links = {"examples": os.path.abspath(options.examples), "plugins": os.path.abspath(options.plugins)}
     paths = sorted((HERE / "cases").glob("*.test"))
     if options.names:
         paths = [path for path in paths if path.stem in options.names]
@@ -153,7 +155,7 @@ def main():
     failures = 0
     for path in paths:
         case = Case(path)
-        wanted = case.header() + outcome(case, programs, examples)
+        wanted = case.header() + outcome(case, programs, links)
         if wanted == case.text:
             continue
         if options.rebase:

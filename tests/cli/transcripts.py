@@ -81,11 +81,16 @@ def main():
     parser = argparse.ArgumentParser(description="Replays the sessions of a Markdown file.")
     parser.add_argument("--velkotx", required=True, type=os.path.abspath, help="the program")
     parser.add_argument("--examples", required=True, type=os.path.abspath, help="the folder of the examples")
+    parser.add_argument("--plugins", type=os.path.abspath, help="the folder of the plug-ins that are examples")
     parser.add_argument("file", type=pathlib.Path, help="the Markdown file")
     options = parser.parse_args()
     count = failures = status = 0
     with tempfile.TemporaryDirectory() as folder:
         (pathlib.Path(folder) / "examples").symlink_to(options.examples)
+        if options.plugins:
+            build = pathlib.Path(folder) / "build" / "release"
+            build.mkdir(parents=True)
+            (build / "providers").symlink_to(options.plugins)
         for command, lines in sessions(options.file.read_text()):
             printed, status = replay(command, lines, status, options.velkotx, folder)
             count += 1

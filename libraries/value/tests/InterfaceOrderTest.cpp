@@ -11,6 +11,9 @@
 #include <otx/diag/IResult.h>
 #include <otx/diag/IServiceProvider.h>
 #include <otx/event/Events.h>
+#include <otx/provider/HostInterface.h>
+#include <otx/provider/Provider.h>
+#include <otx/provider/ServiceProviderFactory.h>
 #include <otx/value/IQuantity.h>
 #include <otx/value/IUnit.h>
 
@@ -71,6 +74,13 @@ TEST(InterfaceOrder, ValueInterfaces) {
     expectOrder(1, &IFileHandle::Close);
     expectOrder(1, &IFileReadHandle::IsEof, &IFileReadHandle::ReadBytes, &IFileReadHandle::ReadLine);
     expectOrder(3, static_cast<void (OtxVariable::*)(const COtxValue&)>(&OtxVariable::Set));
+}
+
+TEST(InterfaceOrder, Providers) {
+    using namespace ExternalServiceProvider;
+    expectOrder(1, &HostInterface::sendRequest);
+    expectOrder(3, &ServiceProviderFactory::Create, &ServiceProviderFactory::Get);
+    expectOrder(3, &Provider::Execute, &Provider::Event);
 }
 
 TEST(InterfaceOrder, Events) {
