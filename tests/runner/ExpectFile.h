@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Mode.h"
+#include "answering/AnswerRule.h"
 #include "recording/CallRecorder.h"
 
 #include <filesystem>
@@ -13,7 +14,7 @@ namespace documents {
 
 // One thing to do with the sequencer. The text is JSON.
 struct Step {
-    enum class Kind { run, context, translations };
+    enum class Kind { run, context, translations, event };
     Kind kind = Kind::run;
     std::string procedure;
     std::string json = "{}";
@@ -31,8 +32,13 @@ struct Script {
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
     bool withHost = true;
+    bool hostGone = false;  // the callback object is installed, and has gone before the first run
     bool withVehicle = false;  // the recording host objects
     HostFailures failures;
+    HostFailures refusals;  // of messages, by their number
+    std::vector<AnswerRule> answers;
+    bool withStore = false;
+    std::string storeContents = "{}";  // JSON
     std::map<Mode, std::string> skipped;  // the reason by mode
 };
 
@@ -49,7 +55,6 @@ public:
 
 private:
     void readDirective(const std::string& line);
-    void readFailure(const std::string& line, const std::string& text);
 
     std::filesystem::path path_;
     std::vector<std::string> directives_;

@@ -19,7 +19,23 @@ void RecordingHost::sendRequest(const COtxValue& message) {
         return;
     }
     const std::string json = message.ToJSON().String();
-    transcript_.add("message " + json);
+    const std::string line = "message " + json;
+    Transcript::Place place = 0;
+    if (type == "HMI-InParameterValueChanged")  // comes from the screen's own thread
+        place = transcript_.addAside(OTX::GetParameter(message, "screenName", OTX::ValueType::String).String(), line);
+    else
+        place = transcript_.add(line);
+    refuse();
+    if (answerer_ != nullptr) answerer_->answer(message, place);
+}
+
+void RecordingHost::refuse() {
+    int number = 0;
+    {
+        const std::lock_guard guard(countLock_);
+        number = ++messages_;
+    }
+    if (const auto refusal = refusals_.find(number); refusal != refusals_.end()) fail(refusal->second);
 }
 
 void RecordingHost::recordStop(const COtxValue& status) {
