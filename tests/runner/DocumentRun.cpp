@@ -58,6 +58,7 @@ void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, Answerer& answ
                 const std::string outcome = runStep(sequencer, host, step, stepped);
                 answerer.settle();
                 transcript.settle();
+                host.recordKept();
                 transcript.add(outcome);
                 break;
             }
@@ -94,6 +95,7 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
         sequencer->SetPersistence(std::make_shared<RecordingStore>(recorder, OTX::FromJSON(script.storeContents)));
     answerer.emplace(*sequencer, script.answers, transcript, [&handle] { handle.reset(); });
     host.answerWith(&*answerer);
+    host.keep(script.keepMessages);
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
     const auto work = [&] { runSteps(*sequencer, host, *answerer, script, stepped, transcript); };
     // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.

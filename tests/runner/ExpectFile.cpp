@@ -101,6 +101,8 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
     } else if (directive == "nohost") {
         script_.withHost = false;
+    } else if (directive == "keep") {
+        script_.keepMessages = true;
     } else if (directive == "host-gone") {
         script_.hostGone = true;
     } else if (directive == "host") {

@@ -32,6 +32,7 @@ struct Script {
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
     bool withHost = true;
+    bool keepMessages = false;  // and look at them again when the run is over
     bool hostGone = false;  // the callback object is installed, and has gone before the first run
     bool withVehicle = false;  // the recording host objects
     HostFailures failures;

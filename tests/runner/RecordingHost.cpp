@@ -25,14 +25,27 @@ void RecordingHost::sendRequest(const COtxValue& message) {
         place = transcript_.addAside(OTX::GetParameter(message, "screenName", OTX::ValueType::String).String(), line);
     else
         place = transcript_.add(line);
-    refuse();
+    if (keeps_) {
+        const std::lock_guard guard(messagesLock_);
+        kept_.push_back({message, json});
+    }
     if (answerer_ != nullptr) answerer_->answer(message, place);
+    refuse();
+}
+
+void RecordingHost::recordKept() {
+    const std::lock_guard guard(messagesLock_);
+    for (const Kept& one : kept_) {
+        const std::string json = one.message.ToJSON().String();
+        if (json != one.json) transcript_.add("changed " + one.json + " to " + json);
+    }
+    kept_.clear();
 }
 
 void RecordingHost::refuse() {
     int number = 0;
     {
-        const std::lock_guard guard(countLock_);
+        const std::lock_guard guard(messagesLock_);
         number = ++messages_;
     }
     if (const auto refusal = refusals_.find(number); refusal != refusals_.end()) fail(refusal->second);

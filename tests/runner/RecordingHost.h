@@ -6,6 +6,7 @@
 #include "answering/Answerer.h"
 #include "recording/CallRecorder.h"
 
+#include <otx/value/COtxValue.h>
 #include <velkotx/HostEventSink.h>
 
 #include <mutex>
@@ -28,7 +29,17 @@ public:
 
     void sendRequest(const COtxValue& message) override;
 
+    // Whether messages are kept from now on. Not during a run.
+    void keep(bool keeps) { keeps_ = keeps; }
+    // Records each kept message that isn't what it was when it came, and lets go of all. Not during a run.
+    void recordKept();
+
 private:
+    struct Kept {
+        COtxValue message;
+        std::string json;
+    };
+
     void recordStop(const COtxValue& status);
     void refuse();
 
@@ -37,8 +48,10 @@ private:
     const HostFailures refusals_;
     Stepper* stepper_ = nullptr;
     Answerer* answerer_ = nullptr;
-    std::mutex countLock_;  // guards messages_
+    bool keeps_ = false;
+    std::mutex messagesLock_;  // guards all below
     int messages_ = 0;
+    std::vector<Kept> kept_;
 };
 
 // What the sequencer holds: it can go at any time, while the host itself stays until the last call is over.

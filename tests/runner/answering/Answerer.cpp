@@ -35,6 +35,7 @@ void Answerer::end() {
 
 void Answerer::answer(const COtxValue& message, Transcript::Place place) {
     std::vector<Task> inside;
+    std::vector<Task> waiting;
     {
         const std::lock_guard guard(tasksLock_);
         if (ended_) return;
@@ -43,19 +44,30 @@ void Answerer::answer(const COtxValue& message, Transcript::Place place) {
             if (!matches(rule.pattern, message)) continue;
             const int match = ++matchCounts_[index];
             if (rule.nth && *rule.nth != match) continue;
-            if (rule.inside)
-                inside.push_back({&rule.replies, place});
-            else
-                tasks_.push_back({&rule.replies, place});
+            (rule.inside ? inside : waiting).push_back({&rule.replies, place});
         }
+        if (inside.empty() && waiting.empty()) return;
+        ++given_;
+    }
+    for (const Task& task : inside) give(task);
+    {
+        const std::lock_guard guard(tasksLock_);
+        tasks_.insert(tasks_.end(), waiting.begin(), waiting.end());
+    }
+    given();
+}
+
+void Answerer::given() {
+    {
+        const std::lock_guard guard(tasksLock_);
+        --given_;
     }
     tasksChanged_.notify_all();
-    for (const Task& task : inside) give(task);
 }
 
 void Answerer::settle() {
     std::unique_lock guard(tasksLock_);
-    tasksChanged_.wait(guard, [this] { return tasks_.empty() && !busy_; });
+    tasksChanged_.wait(guard, [this] { return tasks_.empty() && given_ == 0; });
 }
 
 void Answerer::work() {
@@ -65,12 +77,11 @@ void Answerer::work() {
         if (tasks_.empty()) return;
         const Task task = tasks_.front();
         tasks_.pop_front();
-        busy_ = true;
+        ++given_;
         guard.unlock();
         give(task);
+        given();
         guard.lock();
-        busy_ = false;
-        tasksChanged_.notify_all();
     }
 }
 
@@ -100,9 +111,10 @@ void Answerer::give(const Reply& reply) {
 }
 
 void Answerer::sendEvent(const COtxValue& event) {
-    // Told before it is sent, because a value that is sent belongs to the run.
-    const std::string json = event.ToJSON().String();
-    // Each sending has values of its own: the run may change what it was given.
+    // Two copies: the run may change what it was given, and writing one down in the OTX form leaves its mark.
+    const COtxValue told = OTX::DeepCopy(event);
+    told.SetOTXJSON(true);
+    const std::string json = told.ToJSON().String();
     const COtxValue sent = OTX::DeepCopy(event);
     try {
         sequencer_.SendEvent(sent);

@@ -46,6 +46,7 @@ private:
 
     void work();
     void give(const Task& task);
+    void given();
     void give(const Reply& reply);
 
     velkotx::Sequencer& sequencer_;
@@ -56,7 +57,7 @@ private:
     std::condition_variable tasksChanged_;
     std::vector<int> matchCounts_;  // by rule
     std::deque<Task> tasks_;
-    bool busy_ = false;
+    int given_ = 0;  // answers that are being given
     bool ended_ = false;
     std::thread thread_;
 };
