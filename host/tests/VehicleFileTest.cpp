@@ -174,9 +174,12 @@ TEST(VehicleFiles, TakesNoMoreThanItCanBear) {
     expectMistake(serviceWith(R"({ "name": "A", "count": 300, "fields": [{ "name": "B", "count": 300, "fields": [{ "name": "C" }] }] })"),
                   "more than 65535 repetitions");
     std::string memories;
-    for (int memory = 1; memory <= 5; ++memory)
-        memories += (memories.empty() ? "" : ",") + std::string("{ \"name\": \"M") + std::to_string(memory) + "\", \"start\": " +
-                    std::to_string(memory) + "00000000, \"size\": 67108864 }";
+    for (const char* const memory : {"1", "2", "3", "4", "5"}) {
+        if (!memories.empty())
+            memories += ',';
+        memories.append(R"({ "name": "M)").append(memory).append(R"(", "start": )").append(memory);
+        memories += R"(00000000, "size": 67108864 })";
+    }
     expectMistake(unitWith("\"memories\": [" + memories + "]"),
                   "/controlUnits/0/memories/4: a vehicle has at most 256 MB of data and memory");
     std::string units, services;

@@ -1,25 +1,15 @@
 // The status of a vehicle communication interface.
 #pragma once
 
-#include <otx/value/COtxInt.h>
+#include <OTXCoreTypes/SchemaEnumeration.h>
 #include <otx/value/COtxValue.h>
-#include <otx/value/COtxValueBehaviour.h>
+#include <schema/ComInterface.h>
 
-#include <string>
+#include <memory>
 
 namespace ComInterface {
 
-// Integer-backed: Int() answers the number, ToString() the literal; all else is as for an Integer.
-class COtxConnectionStatusBehaviour final : public COtxIntBehaviour {
-public:
-    explicit COtxConnectionStatusBehaviour(int number);
-
-    COtxValue ToString() override;
-    const char* what() const override { return literal_.c_str(); }
-
-private:
-    const std::string literal_;
-};
+using COtxConnectionStatusBehaviour = otxns::SchemaEnumerationBehaviour<ConnectionStatusEnum, OTX::ValueType::ConnectionStatus>;
 
 // The number is that of a literal.
 class COtxConnectionStatus : public COtxValue {
@@ -30,7 +20,7 @@ public:
         NotConnected = 2  // "eCS_NOTCONNECTED"
     };
 
-    explicit COtxConnectionStatus(int number);
+    explicit COtxConnectionStatus(int number) : COtxValue(std::make_shared<COtxConnectionStatusBehaviour>(number)) {}
 };
 
 }  // namespace ComInterface

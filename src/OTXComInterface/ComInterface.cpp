@@ -76,10 +76,8 @@ template <>
 COtxValue GetComChannelFromComInterface_impl<GetComChannelFromComInterface_base>::eval(otxns::OtxContext& context) const {
     const COtxValue asked = otxns::evaluate(comInterface(), context);
     const COtxValue name = otxns::evaluate(identifier(), context);
-    COtxValue selection = COtxBool(false);
-    COtxValue variant = COtxString();
-    if (performVariantSelection().present()) selection = otxns::evaluate(performVariantSelection().get(), context);
-    if (ecuVariantName().present()) variant = otxns::evaluate(ecuVariantName().get(), context);
+    const COtxValue selection = otxns::evaluateOr(performVariantSelection(), COtxBool(false), context);
+    const COtxValue variant = otxns::evaluateOr(ecuVariantName(), COtxString(), context);
     return context.DiagCom().GetComChannelFromComInterface(pduInterfaceOf(asked), name, variant, selection);
 }
 

@@ -13,8 +13,7 @@ COtxValue CreateComChannelFromComInterface_impl<CreateComChannelFromComInterface
     otxns::OtxContext& context) const {
     const COtxValue asked = otxns::evaluate(comInterface(), context);
     const COtxValue name = otxns::evaluate(identifier(), context);
-    COtxValue variant = COtxString();
-    if (ecuVariantName().present()) variant = otxns::evaluate(ecuVariantName().get(), context);
+    const COtxValue variant = otxns::evaluateOr(ecuVariantName(), COtxString(), context);
     return context.DiagCom().CreateComChannelFromComInterface(ComInterface::pduInterfaceOf(asked), name, variant);
 }
 

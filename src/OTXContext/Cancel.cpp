@@ -1,24 +1,42 @@
 // Cancelling a whole run.
 #include <OTXContext/OtxContext.h>
 #include <OTXHMIIF/HMI.h>
+#include <Unwind.h>
 #include <otx/event/COtxEventSource.h>
 #include <otx/event/IEventSource.h>
 
 #include <algorithm>
+#include <exception>
 #include <stdexcept>
 
 namespace otxns {
 
+namespace {
+
+[[noreturn]] void raiseNoFirstFlow() {
+    throw std::runtime_error("Invalid thread id: 0");
+}
+
+}  // namespace
+
 // A run that isn't the first of its context has no flow 0: its flows end all the same, and the caller gets the failure
 // before the event sources are closed. This is meant.
 void OtxContext::CancelAll() {
-    markCancelled();
-    if (hmi != nullptr) hmi->closeAll();
-    const auto thread = firstFlow();
-    COtxEventSource::CloseAll(thread);
-    COtxEventSource::ThreadGroup().RemoveRoot(thread);
+    const std::optional<std::thread::id> first = markCancelled();
+    std::exception_ptr hostFailure;
+    try {
+        if (hmi != nullptr) hmi->closeAll();
+    }
+    OTX_PASS_FORCED_UNWIND
+    catch (...) {
+        hostFailure = std::current_exception();
+    }
+    if (!first) raiseNoFirstFlow();
+    COtxEventSource::CloseAll(*first);
+    COtxEventSource::ThreadGroup().RemoveRoot(*first);
     // Those that were made elsewhere, such as on a thread of the host.
     for (const COtxValue& source : waitedFor()) source.EventSource().Close();
+    if (hostFailure != nullptr) std::rethrow_exception(hostFailure);
 }
 
 std::vector<COtxValue> OtxContext::waitedFor() {
@@ -31,7 +49,7 @@ std::vector<COtxValue> OtxContext::waitedFor() {
     return sources;
 }
 
-void OtxContext::markCancelled() {
+std::optional<std::thread::id> OtxContext::markCancelled() {
     const std::lock_guard guard(flowLock);
     for (auto& [thread, flow] : flows) {
         const std::lock_guard own(flow.lock);
@@ -43,14 +61,21 @@ void OtxContext::markCancelled() {
     }
     // Who waits for a section may wait for one that is held by whoever waits for it.
     mutexGroupLock.wakeAll();
+    return findFirstFlow();
+}
+
+std::optional<std::thread::id> OtxContext::findFirstFlow() const {
+    const auto found =
+        std::find_if(flows.begin(), flows.end(), [](const auto& entry) { return entry.second.flowId == 0; });
+    if (found == flows.end()) return std::nullopt;
+    return found->first;
 }
 
 std::thread::id OtxContext::firstFlow() const {
     const std::lock_guard guard(flowLock);
-    const auto found =
-        std::find_if(flows.begin(), flows.end(), [](const auto& entry) { return entry.second.flowId == 0; });
-    if (found == flows.end()) throw std::runtime_error("Invalid thread id: 0");
-    return found->first;
+    const auto found = findFirstFlow();
+    if (!found) raiseNoFirstFlow();
+    return *found;
 }
 
 }  // namespace otxns

@@ -13,6 +13,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <thread>
@@ -155,10 +156,13 @@ private:
     // Independent copies of the values of a scope.
     COtxValue published(const OtxVarMap& scope);
 
-    void markCancelled();
+    // Gives the first flow as it was when the flows were marked: one that begins later isn't cancelled.
+    std::optional<std::thread::id> markCancelled();
     std::vector<COtxValue> waitedFor();
     // The thread of flow 0. Throws std::runtime_error, "Invalid thread id: 0".
     std::thread::id firstFlow() const;
+    // Under flowLock.
+    std::optional<std::thread::id> findFirstFlow() const;
 
     const std::uint64_t serial_;
 

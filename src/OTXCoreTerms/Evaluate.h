@@ -5,12 +5,20 @@
 #include <StackGuard.h>
 #include <otx/value/COtxValue.h>
 
+#include <utility>
+
 namespace otxns {
 
 // Throws OTXRuntimeException, "Stack exhausted", and what the term raises.
 inline COtxValue evaluate(const Term& term, OtxContext& context) {
     requireStack();
     return term.eval(context);
+}
+
+// An operand that may be left out: its value, else the default.
+template <class Optional>
+COtxValue evaluateOr(const Optional& term, COtxValue fallback, OtxContext& context) {
+    return term.present() ? evaluate(term.get(), context) : std::move(fallback);
 }
 
 // The number that the term's value converts to.

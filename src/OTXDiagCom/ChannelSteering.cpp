@@ -21,8 +21,7 @@ OTX_ACTION(StopCommunication, otxns::tell(context, comChannel(), &COtxValue::Com
 template <>
 COtxValue CreateComChannel_impl<CreateComChannel_base>::eval(otxns::OtxContext& context) const {
     const COtxValue name = otxns::evaluate(identifier(), context);
-    COtxValue variant = COtxString();
-    if (ecuVariantName().present()) variant = otxns::evaluate(ecuVariantName().get(), context);
+    const COtxValue variant = otxns::evaluateOr(ecuVariantName(), COtxString(), context);
     return context.DiagCom().CreateComChannel(name, variant);
 }
 

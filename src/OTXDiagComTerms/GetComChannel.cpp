@@ -11,10 +11,8 @@ namespace DiagCom {
 template <>
 COtxValue GetComChannel_impl<GetComChannel_base>::eval(otxns::OtxContext& context) const {
     const COtxValue name = otxns::evaluate(identifier(), context);
-    COtxValue selection = COtxBool(false);
-    COtxValue variant = COtxString();
-    if (performVariantSelection().present()) selection = otxns::evaluate(performVariantSelection().get(), context);
-    if (ecuVariantName().present()) variant = otxns::evaluate(ecuVariantName().get(), context);
+    const COtxValue selection = otxns::evaluateOr(performVariantSelection(), COtxBool(false), context);
+    const COtxValue variant = otxns::evaluateOr(ecuVariantName(), COtxString(), context);
     return context.DiagCom().GetComChannel(name, variant, selection);
 }
 

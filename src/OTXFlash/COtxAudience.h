@@ -1,25 +1,15 @@
 // For whom flash data is.
 #pragma once
 
-#include <otx/value/COtxInt.h>
+#include <OTXCoreTypes/SchemaEnumeration.h>
 #include <otx/value/COtxValue.h>
-#include <otx/value/COtxValueBehaviour.h>
+#include <schema/Flash.h>
 
-#include <string>
+#include <memory>
 
 namespace Flash {
 
-// Integer-backed: Int() answers the number, ToString() the literal; all else is as for an Integer.
-class COtxAudienceBehaviour final : public COtxIntBehaviour {
-public:
-    explicit COtxAudienceBehaviour(int number);
-
-    COtxValue ToString() override;
-    const char* what() const override { return literal_.c_str(); }
-
-private:
-    const std::string literal_;
-};
+using COtxAudienceBehaviour = otxns::SchemaEnumerationBehaviour<Audiences, OTX::ValueType::Audience>;
 
 // The number is that of a literal.
 class COtxAudience : public COtxValue {
@@ -32,7 +22,7 @@ public:
         AfterMarket = 4  // "AFTERMARKET"
     };
 
-    explicit COtxAudience(int number);
+    explicit COtxAudience(int number) : COtxValue(std::make_shared<COtxAudienceBehaviour>(number)) {}
 };
 
 }  // namespace Flash

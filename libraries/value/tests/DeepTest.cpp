@@ -15,8 +15,7 @@ constexpr std::size_t million = 1000000;
 // Deeper than the operations can go on a stack of a megabyte.
 constexpr std::size_t tooDeep = 100000;
 
-COtxValue nestedMap(std::size_t levels) {
-    COtxValue value = COtxMap();
+COtxValue nestedMap(std::size_t levels, COtxValue value = COtxMap()) {
     for (std::size_t level = 1; level < levels; ++level)
         value = COtxMap(std::map<const std::string, COtxValue>{{"k", value}});
     return value;
@@ -48,12 +47,19 @@ void refusesEverything(const COtxValue& value, const COtxValue& other) {
 }  // namespace
 
 TEST(Deep, AMillionLevelsDieWithoutTheStack) {
-    { const COtxValue list = nested(million); }
-    tests::onStack(tests::smallStack, [] {
-        { const COtxValue list = nested(tooDeep); }
-        { const COtxValue map = nestedMap(tooDeep); }
+    const COtxValue innermost = COtxList();
+    const auto holders = [&] { return innermost.GetBehaviourReference().use_count(); };
+    {
+        const COtxValue list = nested(million, innermost);
+        EXPECT_EQ(holders(), 2);
+    }
+    EXPECT_EQ(holders(), 1);
+    tests::onStack(tests::smallStack, [&] {
+        { const COtxValue list = nested(tooDeep, innermost); }
+        EXPECT_EQ(holders(), 1);
+        { const COtxValue map = nestedMap(tooDeep, innermost); }
+        EXPECT_EQ(holders(), 1);
     });
-    SUCCEED();
 }
 
 TEST(Deep, SeveralBranchesDieTogether) {

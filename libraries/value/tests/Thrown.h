@@ -55,8 +55,7 @@ inline std::string streamed(const COtxValue& value) {
 }
 
 // A list nested so many levels deep.
-inline COtxValue nested(std::size_t levels) {
-    COtxValue value = COtxList();
+inline COtxValue nested(std::size_t levels, COtxValue value = COtxList()) {
     for (std::size_t level = 1; level < levels; ++level) {
         std::vector<COtxValue> outer;
         outer.push_back(std::move(value));
