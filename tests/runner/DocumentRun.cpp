@@ -9,6 +9,7 @@
 #include "TraceRecorder.h"
 #include "Transcript.h"
 #include "answering/Answerer.h"
+#include "recording/ProviderType.h"
 #include "recording/RecordingStore.h"
 #include "recording/RecordingVehicle.h"
 
@@ -75,6 +76,8 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     CallRecorder recorder(transcript, script.failures);
     RecordingVehicle vehicle(recorder);
     RecordingHost host(transcript, script.stopKeys, script.refusals);
+    std::optional<ProviderType> providers;
+    if (script.withProviders) providers.emplace(recorder);
     std::optional<Answerer> answerer;  // outlives the sequencer, whose threads send messages to its end
     std::shared_ptr<velkotx::Sequencer> sequencer;
     try {

@@ -113,6 +113,9 @@ void ExpectFile::readDirective(const std::string& line) {
         if (kind != "RECORD") throw std::runtime_error("no such store: " + line);
         script_.withStore = true;
         if (!contents.empty()) script_.storeContents = contents;
+    } else if (directive == "provider") {
+        if (rest != "RECORD") throw std::runtime_error("no such provider: " + line);
+        script_.withProviders = true;
     } else if (directive == "answer") {
         script_.answers.push_back(readAnswer(rest));
     } else if (directive == "fail") {

@@ -38,6 +38,7 @@ struct Script {
     HostFailures failures;
     HostFailures refusals;  // of messages, by their number
     std::vector<AnswerRule> answers;
+    bool withProviders = false;  // the recording type of service providers
     bool withStore = false;
     std::string storeContents = "{}";  // JSON
     std::map<Mode, std::string> skipped;  // the reason by mode
