@@ -25,12 +25,14 @@ void RecordingHost::sendRequest(const COtxValue& message) {
         place = transcript_.addAside(OTX::GetParameter(message, "screenName", OTX::ValueType::String).String(), line);
     else
         place = transcript_.add(line);
-    if (keeps_) {
+    int number = 0;
+    {
         const std::lock_guard guard(messagesLock_);
-        kept_.push_back({message, json});
+        number = ++messages_;
+        if (keeps_) kept_.push_back({message, json});
     }
     if (answerer_ != nullptr) answerer_->answer(message, place);
-    refuse();
+    if (const auto refusal = refusals_.find(number); refusal != refusals_.end()) fail(refusal->second);
 }
 
 void RecordingHost::recordKept() {
@@ -40,15 +42,6 @@ void RecordingHost::recordKept() {
         if (json != one.json) transcript_.add("changed " + one.json + " to " + json);
     }
     kept_.clear();
-}
-
-void RecordingHost::refuse() {
-    int number = 0;
-    {
-        const std::lock_guard guard(messagesLock_);
-        number = ++messages_;
-    }
-    if (const auto refusal = refusals_.find(number); refusal != refusals_.end()) fail(refusal->second);
 }
 
 void RecordingHost::recordStop(const COtxValue& status) {

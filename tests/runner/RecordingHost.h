@@ -41,7 +41,6 @@ private:
     };
 
     void recordStop(const COtxValue& status);
-    void refuse();
 
     Transcript& transcript_;
     const std::vector<std::string> stopKeys_;
