@@ -9,6 +9,9 @@
 #include "TraceRecorder.h"
 #include "Transcript.h"
 #include "VehicleFile.h"
+#include "answering/Answerer.h"
+#include "recording/ProviderType.h"
+#include "recording/RecordingStore.h"
 #include "recording/RecordingVehicle.h"
 
 #include <objects/InstallVehicle.h>
@@ -35,22 +38,33 @@ std::string outcomeOf(velkotx::Sequencer& sequencer, const Step& step, bool star
     }
 }
 
+// One run, with all that its messages have caused.
+std::string runStep(velkotx::Sequencer& sequencer, RecordingHost& host, const Step& step, bool stepped) {
+    if (!stepped) return outcomeOf(sequencer, step, false);
+    Stepper stepper(sequencer);
+    host.stepWith(&stepper);
+    const std::string outcome = outcomeOf(sequencer, step, true);
+    host.stepWith(nullptr);
+    stepper.finish();
+    return outcome;
+}
+
 // The steps of the script, all on one thread, because a sequencer knows its flows by their threads.
-void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, const Script& script, bool stepped, Transcript& transcript) {
+void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, Answerer& answerer, const Script& script, bool stepped,
+              Transcript& transcript) {
     for (const Step& step : script.steps) {
-        if (step.kind == Step::Kind::context) {
-            sequencer.SetContextVariables(OTX::FromJSON(step.json));
-        } else if (step.kind == Step::Kind::translations) {
-            sequencer.SetTranslations(OTX::FromJSON(step.json));
-        } else if (stepped) {
-            Stepper stepper(sequencer);
-            host.stepWith(&stepper);
-            const std::string outcome = outcomeOf(sequencer, step, true);
-            host.stepWith(nullptr);
-            stepper.finish();
-            transcript.add(outcome);
-        } else {
-            transcript.add(outcomeOf(sequencer, step, false));
+        switch (step.kind) {
+            case Step::Kind::context: sequencer.SetContextVariables(OTX::FromJSON(step.json)); break;
+            case Step::Kind::translations: sequencer.SetTranslations(OTX::FromJSON(step.json)); break;
+            case Step::Kind::event: answerer.sendEvent(OTX::FromJSON(step.json)); break;
+            case Step::Kind::run: {
+                const std::string outcome = runStep(sequencer, host, step, stepped);
+                answerer.settle();
+                transcript.settle();
+                host.recordKept();
+                transcript.add(outcome);
+                break;
+            }
         }
     }
 }
@@ -59,9 +73,14 @@ void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, const Script& 
 
 std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode) {
     Transcript transcript;
-    const TraceRecorder recorder(script.trace, transcript);
+    const TraceRecorder trace(script.trace, transcript);
 
-    RecordingVehicle recording(transcript, script.failures);
+    CallRecorder recorder(transcript, script.failures);
+    RecordingVehicle recording(recorder);
+    RecordingHost host(transcript, script.stopKeys, script.refusals);
+    std::optional<ProviderType> providers;
+    if (script.withProviders) providers.emplace(recorder);
+    std::optional<Answerer> answerer;  // outlives the sequencer, whose threads send messages to its end
     std::shared_ptr<velkotx::Sequencer> sequencer;
     try {
         sequencer = velkotx::CreateSequencer(*streamOf(document));
@@ -73,17 +92,24 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     }
     if (mode == Mode::compiled) sequencer = loadedFromCompiledForm(*sequencer);
 
-    const auto host = std::make_shared<RecordingHost>(transcript, script.stopKeys);
-    if (script.withHost) sequencer->SetHost(host);
+    auto handle = std::make_shared<HostHandle>(host);
+    if (script.withHost) sequencer->SetHost(handle);
+    if (script.hostGone) handle.reset();
     if (script.recordsCalls) recording.giveTo(*sequencer);
     if (!script.vehicleFile.empty()) velkotx::host::installVehicle(*sequencer, vehicleIn(script.vehicleFile), nullptr);
+    if (script.withStore)
+        sequencer->SetPersistence(std::make_shared<RecordingStore>(recorder, OTX::FromJSON(script.storeContents)));
+    answerer.emplace(*sequencer, script.answers, transcript, [&handle] { handle.reset(); });
+    host.answerWith(&*answerer);
+    host.keep(script.keepMessages);
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
-    const auto work = [&] { runSteps(*sequencer, *host, script, stepped, transcript); };
+    const auto work = [&] { runSteps(*sequencer, host, *answerer, script, stepped, transcript); };
     // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.
     if (stepped)
         onShortStack(work);
     else
         work();
+    answerer->end();
     return transcript.lines();
 }
 

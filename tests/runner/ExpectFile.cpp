@@ -37,6 +37,26 @@ std::vector<std::string> words(std::string text) {
     return result;
 }
 
+// "N KIND [TEXT]".
+void readFailure(const std::string& line, const std::string& text, HostFailures& failures) {
+    const auto [call, rest] = split(text);
+    const auto [kind, message] = split(rest);
+    const auto number = numberIn(call);
+    if (!number || *number < 1) throw std::runtime_error("no number of a call: " + line);
+    HostFailure failure;
+    failure.text = message;
+    if (kind == "std") {
+        failure.kind = HostFailure::Kind::standard;
+    } else if (kind == "int") {
+        failure.kind = HostFailure::Kind::integer;
+    } else if (const auto exceptionKind = numberIn(kind)) {
+        failure.exceptionKind = *exceptionKind;
+    } else {
+        throw std::runtime_error("no kind of failure: " + line);
+    }
+    failures[*number] = failure;
+}
+
 }  // namespace
 
 ExpectFile::ExpectFile(const std::filesystem::path& path)
@@ -78,10 +98,16 @@ void ExpectFile::readDirective(const std::string& line) {
         filter.level = *number;
         if (!pattern.empty()) filter.pattern = pattern;
         script_.trace.push_back(filter);
+    } else if (directive == "event") {
+        script_.steps.push_back({Step::Kind::event, "", rest});
     } else if (directive == "stops") {
         script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
     } else if (directive == "nohost") {
         script_.withHost = false;
+    } else if (directive == "keep") {
+        script_.keepMessages = true;
+    } else if (directive == "host-gone") {
+        script_.hostGone = true;
     } else if (directive == "host") {
         if (rest != "RECORD") throw std::runtime_error("no such host: " + line);
         script_.recordsCalls = true;
@@ -89,8 +115,20 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.vehicleFile = fileNamed(rest, line);
     } else if (directive == "document") {
         document_ = fileNamed(rest, line);
+    } else if (directive == "store") {
+        const auto [kind, contents] = split(rest);
+        if (kind != "RECORD") throw std::runtime_error("no such store: " + line);
+        script_.withStore = true;
+        if (!contents.empty()) script_.storeContents = contents;
+    } else if (directive == "provider") {
+        if (rest != "RECORD") throw std::runtime_error("no such provider: " + line);
+        script_.withProviders = true;
+    } else if (directive == "answer") {
+        script_.answers.push_back(readAnswer(rest));
     } else if (directive == "fail") {
-        readFailure(line, rest);
+        readFailure(line, rest, script_.failures);
+    } else if (directive == "refuse") {
+        readFailure(line, rest, script_.refusals);
     } else if (directive == "skip") {
         const auto [name, reason] = split(rest);
         const auto mode = modeNamed(name);
@@ -99,25 +137,6 @@ void ExpectFile::readDirective(const std::string& line) {
     } else {
         throw std::runtime_error("no such directive: " + line);
     }
-}
-
-void ExpectFile::readFailure(const std::string& line, const std::string& text) {
-    const auto [call, rest] = split(text);
-    const auto [kind, message] = split(rest);
-    const auto number = numberIn(call);
-    if (!number || *number < 1) throw std::runtime_error("no number of a call: " + line);
-    HostFailure failure;
-    failure.text = message;
-    if (kind == "std") {
-        failure.kind = HostFailure::Kind::standard;
-    } else if (kind == "int") {
-        failure.kind = HostFailure::Kind::integer;
-    } else if (const auto exceptionKind = numberIn(kind)) {
-        failure.exceptionKind = *exceptionKind;
-    } else {
-        throw std::runtime_error("no kind of failure: " + line);
-    }
-    script_.failures[*number] = failure;
 }
 
 std::filesystem::path ExpectFile::fileNamed(const std::string& name, const std::string& line) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Mode.h"
+#include "answering/AnswerRule.h"
 #include "recording/CallRecorder.h"
 
 #include <filesystem>
@@ -13,7 +14,7 @@ namespace documents {
 
 // One thing to do with the sequencer. The text is JSON.
 struct Step {
-    enum class Kind { run, context, translations };
+    enum class Kind { run, context, translations, event };
     Kind kind = Kind::run;
     std::string procedure;
     std::string json = "{}";
@@ -31,9 +32,16 @@ struct Script {
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
     bool withHost = true;
+    bool keepMessages = false;  // and look at them again when the run is over
+    bool hostGone = false;  // the callback object is installed, and has gone before the first run
     bool recordsCalls = false;          // the recording host objects are installed
     std::filesystem::path vehicleFile;  // of the simulated vehicle that is installed; empty for none
     HostFailures failures;
+    HostFailures refusals;  // of messages, by their number
+    std::vector<AnswerRule> answers;
+    bool withProviders = false;  // the recording type of service providers
+    bool withStore = false;
+    std::string storeContents = "{}";  // JSON
     std::map<Mode, std::string> skipped;  // the reason by mode
 };
 
@@ -52,7 +60,6 @@ public:
 
 private:
     void readDirective(const std::string& line);
-    void readFailure(const std::string& line, const std::string& text);
 
     // What a directive names, seen from the folder of this file.
     std::filesystem::path fileNamed(const std::string& name, const std::string& line) const;

@@ -19,7 +19,29 @@ void RecordingHost::sendRequest(const COtxValue& message) {
         return;
     }
     const std::string json = message.ToJSON().String();
-    transcript_.add("message " + json);
+    const std::string line = "message " + json;
+    Transcript::Place place = 0;
+    if (type == "HMI-InParameterValueChanged")  // comes from the screen's own thread
+        place = transcript_.addAside(OTX::GetParameter(message, "screenName", OTX::ValueType::String).String(), line);
+    else
+        place = transcript_.add(line);
+    int number = 0;
+    {
+        const std::lock_guard guard(messagesLock_);
+        number = ++messages_;
+        if (keeps_) kept_.push_back({message, json});
+    }
+    if (answerer_ != nullptr) answerer_->answer(message, place);
+    if (const auto refusal = refusals_.find(number); refusal != refusals_.end()) fail(refusal->second);
+}
+
+void RecordingHost::recordKept() {
+    const std::lock_guard guard(messagesLock_);
+    for (const Kept& one : kept_) {
+        const std::string json = one.message.ToJSON().String();
+        if (json != one.json) transcript_.add("changed " + one.json + " to " + json);
+    }
+    kept_.clear();
 }
 
 void RecordingHost::recordStop(const COtxValue& status) {

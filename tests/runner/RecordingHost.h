@@ -3,9 +3,13 @@
 
 #include "Stepper.h"
 #include "Transcript.h"
+#include "answering/Answerer.h"
+#include "recording/CallRecorder.h"
 
+#include <otx/value/COtxValue.h>
 #include <velkotx/HostEventSink.h>
 
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -13,21 +17,50 @@ namespace documents {
 
 class RecordingHost : public velkotx::HostEventSink {
 public:
-    // The keys are those of a stop's status that are recorded; with none, a stop that is stepped leaves no line.
-    RecordingHost(Transcript& transcript, std::vector<std::string> stopKeys)
-        : transcript_(transcript), stopKeys_(std::move(stopKeys)) {}
+    // The keys are those of a stop's status that are recorded; with none, a stop that is stepped leaves no line. The
+    // refusals are those of messages, by number.
+    RecordingHost(Transcript& transcript, std::vector<std::string> stopKeys, HostFailures refusals)
+        : transcript_(transcript), stopKeys_(std::move(stopKeys)), refusals_(std::move(refusals)) {}
 
     // Who gets the stops from now on; null for nobody, which makes them messages like all others. Not during a run.
     void stepWith(Stepper* stepper) { stepper_ = stepper; }
+    // Who answers the messages from now on. Not during a run.
+    void answerWith(Answerer* answerer) { answerer_ = answerer; }
 
     void sendRequest(const COtxValue& message) override;
 
+    // Whether messages are kept from now on. Not during a run.
+    void keep(bool keeps) { keeps_ = keeps; }
+    // Records each kept message that isn't what it was when it came, and lets go of all. Not during a run.
+    void recordKept();
+
 private:
+    struct Kept {
+        COtxValue message;
+        std::string json;
+    };
+
     void recordStop(const COtxValue& status);
 
     Transcript& transcript_;
     const std::vector<std::string> stopKeys_;
+    const HostFailures refusals_;
     Stepper* stepper_ = nullptr;
+    Answerer* answerer_ = nullptr;
+    bool keeps_ = false;
+    std::mutex messagesLock_;  // guards all below
+    int messages_ = 0;
+    std::vector<Kept> kept_;
+};
+
+// What the sequencer holds: it can go at any time, while the host itself stays until the last call is over.
+class HostHandle : public velkotx::HostEventSink {
+public:
+    explicit HostHandle(RecordingHost& host) : host_(host) {}
+    void sendRequest(const COtxValue& message) override { host_.sendRequest(message); }
+
+private:
+    RecordingHost& host_;
 };
 
 }  // namespace documents

@@ -18,7 +18,9 @@ std::string jsonOf(const std::vector<COtxValue>& arguments) {
     return json.substr(1, json.size() - 2);
 }
 
-[[noreturn]] void fail(const HostFailure& failure) {
+}  // namespace
+
+void fail(const HostFailure& failure) {
     switch (failure.kind) {
         case HostFailure::Kind::standard: throw std::runtime_error(failure.text);
         case HostFailure::Kind::integer: throw 7;
@@ -28,8 +30,6 @@ std::string jsonOf(const std::vector<COtxValue>& arguments) {
     if (failure.text.empty()) throw COtxException(kind);
     throw COtxException(kind, failure.text);
 }
-
-}  // namespace
 
 void CallRecorder::call(const std::string& object, const std::string& operation, const std::vector<COtxValue>& arguments) {
     const std::string line = "call " + object + '.' + operation + '(' + jsonOf(arguments) + ')';

@@ -23,6 +23,9 @@ struct HostFailure {
 // The failures by the number of the call, from 1.
 using HostFailures = std::map<int, HostFailure>;
 
+// Throws what the failure says.
+[[noreturn]] void fail(const HostFailure& failure);
+
 // One for all host objects of a document; outlives them. Any thread.
 class CallRecorder {
 public:

@@ -11,12 +11,12 @@ namespace documents {
 // Outlives the sequencer that it is given to.
 class RecordingVehicle {
 public:
-    RecordingVehicle(Transcript& transcript, const HostFailures& failures) : recorder_(transcript, failures) {}
+    explicit RecordingVehicle(CallRecorder& recorder) : recorder_(recorder) {}
 
     void giveTo(velkotx::Sequencer& sequencer);
 
 private:
-    CallRecorder recorder_;
+    CallRecorder& recorder_;
     Services services_;
 };
 
