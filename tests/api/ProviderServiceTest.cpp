@@ -221,10 +221,11 @@ TEST_F(ProviderService, OfACancelledRunEndsWithTheSequencer) {
 }
 
 TEST_F(ProviderService, ServesManyLanes) {
-    const std::string lane = loopOf("l", "i", 200, executeService("a1", "p", "Write", "", inInteger("i", 3) + outVariable("o", "g")) +
-                                                       createProvider("a2", "q", "Worker") +
-                                                       executeService("a3", "q", "Until", " executeAsync=\"true\"", "", "h") +
-                                                       terminateService("a4", "h") + disposeProvider("a5", "q"));
+    const std::string lane = loopOf(
+        "l", "i", 200,
+        executeService("a1", "p", "Write", "", inInteger("i", 3) + outVariable("o", "g")) + createProvider("a2", "q", "Worker") +
+            executeService("a3", "q", "Until", " executeAsync=\"true\"", "", "h") + terminateService("a4", "h") +
+            disposeProvider("a5", "q"));
     const auto declaredLane = [&](const std::string& name) { return call("call" + name, name); };
     begin(procedure("main", createProvider("c1", "p", "Worker") +
                                 parallel("n1", {declaredLane("worker"), declaredLane("worker"), declaredLane("worker")})) +

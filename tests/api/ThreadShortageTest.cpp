@@ -1,8 +1,12 @@
-// A Parallel for which there aren't enough threads. Not under a sanitizer that counts the threads itself.
+// A Parallel and a service for which there aren't enough threads. Not under a sanitizer that counts the threads itself.
 #include "Documents.h"
 #include "FlowTest.h"
 #include "LaneDocuments.h"
+#include "ProviderDocuments.h"
+#include "TestProvider.h"
 #include "ThreadCount.h"
+
+#include <otx/provider/Provider.h>
 
 #include <atomic>
 #include <cerrno>
@@ -75,6 +79,29 @@ TEST_F(ThreadShortage, IsNoOtxException) {
     EXPECT_TRUE(outcome().starts_with("other std::future_error"));
     threadsLeft = -1;
     EXPECT_EQ(global("g"), 0) << "a handler neither takes it nor runs its finally";
+}
+
+TEST_F(ThreadShortage, RefusesAServiceByAnExceptionThatCanBeHandled) {
+    class Idle final : public ExternalServiceProvider::Provider {
+        ExternalServiceProvider::ServiceWork Execute(const std::string&, const ExternalServiceProvider::ProviderArguments&,
+                                                     const ExternalServiceProvider::ProviderVariables&) override {
+            return [](const std::stop_token&) {};
+        }
+    };
+    const TestType type("Idle", [](const auto&, const auto&, const auto&) {
+        return ExternalServiceProvider::MakeProvider(std::make_shared<Idle>());
+    });
+    begin(procedure("main", createProvider("a1", "p", "Idle") +
+                                handlerOf(providerException("ProviderServiceException"), "h1", executeService("a2", "p", "S"),
+                                          set("a3", "g", 1))),
+          providerVariable("p"));
+    threadsLeft = 0;
+    start();
+    EXPECT_EQ(outcome(), "{}");
+    EXPECT_EQ(global("g"), 1);
+    threadsLeft = -1;
+    start();
+    EXPECT_EQ(outcome(), "{}");
 }
 
 TEST_F(ThreadShortage, InALaneCancelsTheRun) {

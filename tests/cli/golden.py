@@ -16,8 +16,8 @@
 #     --- stderr
 #     --- contents NAME        (any number) what stands in a file that the program wrote
 #
-# A case runs in an empty folder of its own, beside links to the examples and the plug-ins. Output that isn't text is compared as
-# hexadecimal digits, 16 bytes a line.
+# A case runs in an empty folder of its own, beside links to the examples and the plug-ins. Output that isn't text is
+# compared as hexadecimal digits, 16 bytes a line.
 
 import argparse
 import difflib

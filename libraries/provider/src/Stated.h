@@ -14,7 +14,8 @@ namespace otx {
 //
 // A forced unwinding has no object that the reference could be bound to, which the sanitizer takes for a fault.
 template <class Work>
-__attribute__((no_sanitize("undefined"))) auto stated(OTX::Exceptions_e kind, const std::string& subject, const Work& work) -> decltype(work()) {
+__attribute__((no_sanitize("undefined"))) auto stated(OTX::Exceptions_e kind, const std::string& subject,
+                                                      const Work& work) -> decltype(work()) {
     try {
         return work();
     } catch (abi::__forced_unwind&) {

@@ -63,7 +63,8 @@ TEST(Variables, AreCheckedByNameAndType) {
     const auto cell = std::make_shared<OtxVariable>(COtxInt(1));
     const ProviderVariables variables({{"a", cell}}, {{"b", cell}});
     EXPECT_EQ(thrownBy([&] { variables.Read("b", ValueType::Integer); }), "25: Argument 'b' is missing");
-    EXPECT_EQ(thrownBy([&] { variables.Read("a", ValueType::String); }), "25: Argument 'a' is of type Integer, String is needed");
+    EXPECT_EQ(thrownBy([&] { variables.Read("a", ValueType::String); }),
+              "25: Argument 'a' is of type Integer, String is needed");
     EXPECT_EQ(thrownBy([&] { variables.AllowOnly({"a"}); }), "25: Argument 'b' is unknown");
     EXPECT_EQ(thrownBy([&] { variables.AllowOnly({"b"}); }), "25: Argument 'a' is unknown");
     EXPECT_EQ(thrownBy([&] { variables.AllowOnly({"a", "b"}); }), "nothing thrown");

@@ -37,7 +37,8 @@ TEST_F(Plugin, IsFoundInAFolderWithASlashBehindIt) {
 }
 
 TEST_F(Plugin, StatesItsFailures) {
-    EXPECT_EQ(refusal("Nobody"), "21: Unknown provider type 'Nobody': it isn't registered, and there is no plug-in 'Nobody.so'");
+    EXPECT_EQ(refusal("Nobody"),
+              "21: Unknown provider type 'Nobody': it isn't registered, and there is no plug-in 'Nobody.so'");
     EXPECT_EQ(thrownBy([&] { create("Fitting", "Fast"); }), "21: Provider type 'Fitting' has no constructor 'Fast'");
     EXPECT_EQ(thrownBy([&] { create("Fitting", "Failing"); }), "21: Provider type 'Fitting': no licence");
 }
@@ -72,8 +73,8 @@ TEST_F(Plugin, ThatIsNoSharedObjectIsRefused) {
 
 TEST_F(Plugin, IsNoFileOutsideOfTheFolder) {
     for (const char* const type : {"../plugins/Fitting", "/Fitting", ".", "..", ".hidden", ""})
-        EXPECT_EQ(refusal(type),
-                  std::string("21: Unknown provider type '") + type + "': it isn't registered, and no plug-in can have its name");
+        EXPECT_EQ(refusal(type), std::string("21: Unknown provider type '") + type +
+                                     "': it isn't registered, and no plug-in can have its name");
     const std::string withNull("Fitting\0x", 9);
     EXPECT_EQ(refusal(withNull),
               "21: Unknown provider type '" + withNull + "': it isn't registered, and no plug-in can have its name");
@@ -86,7 +87,8 @@ TEST_F(Plugin, IsNotAskedForARegisteredType) {
 
 TEST_F(Plugin, IsNotFoundWithoutAFolder) {
     SetProviderFolder("");
-    EXPECT_EQ(refusal("Fitting"), "21: Unknown provider type 'Fitting': it isn't registered, and no folder of plug-ins is named");
+    EXPECT_EQ(refusal("Fitting"),
+              "21: Unknown provider type 'Fitting': it isn't registered, and no folder of plug-ins is named");
     SetProviderFolder(folder + "/missing");
     EXPECT_EQ(refusal("Fitting"),
               "21: Unknown provider type 'Fitting': it isn't registered, and there is no plug-in 'missing/Fitting.so'");

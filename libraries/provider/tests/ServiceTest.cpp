@@ -89,7 +89,8 @@ TEST(Service, IsTerminatedWithoutAWait) {
 
 TEST(Service, TellsWhatEndedIt) {
     for (const auto& [work, words] : std::vector<std::pair<ServiceWork, std::string>>{
-             {[](const std::stop_token&) { throw COtxException(OTX::Exceptions_e::ArithmeticException, "by zero"); }, "3: by zero"},
+             {[](const std::stop_token&) { throw COtxException(OTX::Exceptions_e::ArithmeticException, "by zero"); },
+              "3: by zero"},
              {[](const std::stop_token&) { throw std::runtime_error("broken"); }, "22: Service: broken"},
              {[](const std::stop_token&) { throw 5; }, "22: Service: threw something that is no exception"},
              {[](const std::stop_token&) { throw COtxValue(COtxInt(5)); }, "22: Service: threw a value of type Integer"},
