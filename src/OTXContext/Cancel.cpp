@@ -17,7 +17,7 @@ void OtxContext::CancelAll() {
     markCancelled();
     std::exception_ptr hostFailure;
     try {
-        if (hmi != nullptr) hmi->closeAll();
+        if (OTX::HMI* const current = hmi) current->closeAll();
     }
     OTX_PASS_FORCED_UNWIND
     catch (...) {

@@ -98,6 +98,8 @@ public:
     void SetFlowState(FlowState state, std::thread::id thread);
     // Cancels all flows, closes all screens and all event sources of the run.
     void CancelAll();
+    // Ends all screens without a word to the host, whose calls may come until then: before the context is let go of.
+    void EndScreens();
     // The calling thread's flow.
     OtxFlow& OwnFlow() { return ownFlow(std::this_thread::get_id()); }
 
@@ -170,7 +172,9 @@ private:
     std::shared_ptr<PersistenceHost> persistence;
     std::shared_ptr<HvtFileStore> fileStore;
     std::shared_ptr<ExternalServiceProvider::HostServiceInterface> hostService;
-    std::unique_ptr<OTX::HMI> hmi;
+    // The last one is in use. The others have no screens any more, but a call of the host may still be in them.
+    std::vector<std::unique_ptr<OTX::HMI>> hmis;
+    std::atomic<OTX::HMI*> hmi{nullptr};
     COtxValue contextVariables;
     COtxValue translations;
 

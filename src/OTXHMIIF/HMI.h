@@ -26,7 +26,7 @@ class Screen;
 //
 // The host hears of an opening, and of the closing of all, under the lock of the screens. Screens that leave are ended when
 // the thread that took them out has let go of it: their own threads may be in the middle of a message, in which the host
-// wants the lock.
+// wants the lock. From the moment they are taken out they send no more.
 class HMI {
 public:
     HMI(otxns::OtxContext& context, std::weak_ptr<velkotx::HostEventSink> host);
@@ -43,6 +43,8 @@ public:
     bool closeScreen(const std::string& name);
     // All of them, even if the host throws; its first exception is thrown then.
     void closeAll();
+    // Ends all of them without a word to the host.
+    void endAll();
     // False for a screen that isn't open, and when the host is gone.
     bool highlight(const std::string& name);
     bool screenIsOpen(const std::string& name);
@@ -59,6 +61,7 @@ private:
 
     COtxValue enter(const std::string& name, bool modal, const ScreenArguments& arguments);
     bool remove(const std::string& name);
+    void takeAllOut();
 
     otxns::OtxContext& context_;
     const std::weak_ptr<velkotx::HostEventSink> host_;
