@@ -17,7 +17,7 @@ using namespace api;
 
 constexpr int rounds = 300;
 
-// The field `element` of a modifying action on the variable "l", "m" or "b".
+// A modifying action; the field names the variable.
 std::string change(const std::string& id, const std::string& realisation, const std::string& field, const std::string& content) {
     return "<action id=\"" + id + "\"><realisation xsi:type=\"" + realisation + "\">" + field + content +
            "</realisation></action>";
@@ -29,24 +29,24 @@ std::string again(const std::string& id, const std::string& type, const std::str
 }
 
 std::string containers() {
-    return listOf("variable", "l") +
-           declared("variable", "m", "Map\"><keyType xsi:type=\"Integer\"/><valueType xsi:type=\"Integer\"/>") +
-           declared("variable", "b", "ByteField\">") + integer("variable", "i", 0) + integer("variable", "j", 0);
+    return listOf("variable", "list") +
+           declared("variable", "map", "Map\"><keyType xsi:type=\"Integer\"/><valueType xsi:type=\"Integer\"/>") +
+           declared("variable", "bytes", "ByteField\">") + integer("variable", "i", 0) + integer("variable", "j", 0);
 }
 
 const std::vector<ScreenArgument> shown{
-    {"inArg", "l", "l", "List"}, {"inArg", "m", "m", "Map"}, {"inArg", "b", "b", "ByteField"}};
+    {"inArg", "list", "list", "List"}, {"inArg", "map", "map", "Map"}, {"inArg", "bytes", "bytes", "ByteField"}};
 
 class ScreenContent : public ScreenTest {};
 
 TEST_F(ScreenContent, IsASnapshotWhileLanesGoOn) {
     const std::string changes =
-        append("b1", "l") +
-        change("b2", "MapPutItems", "<map name=\"m\"/>",
+        append("b1", "list") +
+        change("b2", "MapPutItems", "<map name=\"map\"/>",
                "<item><key xsi:type=\"IntegerValue\" valueOf=\"i\"/><value xsi:type=\"IntegerLiteral\" value=\"1\"/></item>") +
-        change("b3", "AppendByteField", "<byteField name=\"b\"/>",
+        change("b3", "AppendByteField", "<byteField name=\"bytes\"/>",
                "<otherByteField xsi:type=\"ByteFieldLiteral\" value=\"AB\"/>");
-    const std::string writes = again("c1", "List", "l") + again("c2", "Map", "m") + again("c3", "ByteField", "b");
+    const std::string writes = again("c1", "List", "list") + again("c2", "Map", "map") + again("c3", "ByteField", "bytes");
     beginScreens(parallel("n1", {loopOf("l1", "i", rounds, changes),
                                  loopOf("l2", "j", rounds, writes + openScreen("c4", "panel", shown))}),
                  "", containers());
@@ -60,7 +60,7 @@ TEST_F(ScreenContent, IsASnapshotWhileLanesGoOn) {
         EXPECT_EQ(json(message), before);
         ++heardOf;
     };
-    start();
+    startUntilOpen("keys");
     go();
     EXPECT_EQ(outcome(), "{}");
     EXPECT_GE(heardOf, rounds);
@@ -68,15 +68,17 @@ TEST_F(ScreenContent, IsASnapshotWhileLanesGoOn) {
 }
 
 TEST_F(ScreenContent, StandsInTheOtxForm) {
-    const std::string empty = assignTerm("a0", "e:EventSourceVariable", "none",
-                                         "h:ScreenClosedEventSource\"><h:screen xsi:type=\"h:ScreenValue\" valueOf=\"a\"/>");
-    beginScreens(change("a1", "MapPutItems", "<map name=\"m\"/>",
+    const auto empty = [](const std::string& id) {
+        return assignTerm(id, "e:EventSourceVariable", "none",
+                          "h:ScreenClosedEventSource\"><h:screen xsi:type=\"h:ScreenValue\" valueOf=\"a\"/>");
+    };
+    beginScreens(change("a1", "MapPutItems", "<map name=\"map\"/>",
                         "<item><key xsi:type=\"IntegerLiteral\" value=\"1\"/><value xsi:type=\"IntegerLiteral\" "
                         "value=\"2\"/></item>") +
-                     empty +
-                     openScreen("a2", "panel", {{"inArg", "m", "m", "Map"}, {"inArg", "none", "none", "e:EventSource"}}) +
-                     again("a3", "Map", "m") +
-                     assignTerm("a4", "e:EventSourceVariable", "none", "e:EventSourceValue\" valueOf=\"none\">"),
+                     empty("a0") +
+                     openScreen("a2", "panel", {{"inArg", "map", "map", "Map"}, {"inArg", "none", "none", "e:EventSource"}}) +
+                     again("a3", "Map", "map") +
+                     empty("a4"),
                  "", containers() + source("variable", "none"));
     std::mutex textsLock;
     std::vector<std::string> texts;
@@ -92,8 +94,9 @@ TEST_F(ScreenContent, StandsInTheOtxForm) {
     EXPECT_EQ(outcome(), "{}");
     const std::lock_guard guard(textsLock);
     ASSERT_EQ(texts.size(), 3U);
-    EXPECT_EQ(texts[0], R"({"eventType":"HMI-OpenScreen","modal":false,"parameters":{"m":[[1,2]],"none":null},"screenName":"panel"})");
-    EXPECT_EQ(texts[1], R"({"eventType":"HMI-InParameterValueChanged","parameters":{"m":[[1,2]]},"screenName":"panel"})");
+    EXPECT_EQ(json(value(R"({"Map":[[1,2]]})")), "[[1,2]]") << "the other form";
+    EXPECT_EQ(texts[0], R"({"eventType":"HMI-OpenScreen","modal":false,"parameters":{"map":{"Map":[[1,2]]},"none":null},"screenName":"panel"})");
+    EXPECT_EQ(texts[1], R"({"eventType":"HMI-InParameterValueChanged","parameters":{"map":{"Map":[[1,2]]}},"screenName":"panel"})");
     EXPECT_EQ(texts[2], R"({"eventType":"HMI-InParameterValueChanged","parameters":{"none":null},"screenName":"panel"})");
 }
 

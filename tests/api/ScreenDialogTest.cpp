@@ -90,6 +90,7 @@ TEST_F(ScreenDialog, StopsAtTheNextNodeAfterACancel) {
 TEST_F(ScreenDialog, ThatBeginsAfterACancelIsNotWaitedFor) {
     for (const std::string& node : {inputDialog("a1", "t"), openScreen("a1", "panel", {{"inArg", "x", "x"}}, true)}) {
         const std::size_t threads = threadCount();
+        host = std::make_shared<ReactingHost>();
         begin(procedure("main", node + set("a2", "x", 1)), texts());
         setBreakpoints({"a1"});
         start();

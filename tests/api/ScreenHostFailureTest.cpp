@@ -27,7 +27,7 @@ protected:
     }
 
     const std::size_t threads = threadCount();
-    ReactingHost::Reaction failure = [](const COtxValue&) { throw std::logic_error("no"); };
+    ReactingHost::Reaction failure = [](const COtxValue&) { throw std::runtime_error("no"); };
 
 private:
     void fail() { failure(COtxValue()); }
@@ -48,7 +48,7 @@ TEST_F(ScreenHostFailure, AtTheOpeningIsTheSequencesAndLeavesNothing) {
     beginScreens(caught(openScreen("a1", "panel", {{"inArg", "x", "x"}, {"outArg", "y", "y"}}, true)), set("a2", "x", 8));
     failure = otxException;
     failAt(opened, "panel");
-    startUntilOpen("panel");
+    startUntilOpen("keys");
     waitForGlobal("x", 7);
     EXPECT_FALSE(isOpen("panel"));
     go();
@@ -93,7 +93,7 @@ TEST_F(ScreenHostFailure, AtTheOpeningDoesNotKeepTheScreensThreadWaiting) {
         inside.awaitArrivals();
         otxException(message);
     };
-    startUntilOpen("panel");
+    startUntilOpen("keys");
     waitForGlobal("x", 7);
     EXPECT_FALSE(isOpen("panel"));
     go();
@@ -109,7 +109,7 @@ TEST_F(ScreenHostFailure, AtASecondOpeningLeavesTheFirstScreen) {
     host->reaction = [&](const COtxValue& message) {
         if (openings.note(message) && openings.count() == 2) failure(message);
     };
-    start();
+    startUntilOpen("keys");
     waitForGlobal("x", 7);
     EXPECT_EQ(outValue(sequencer(), "panel", "y", "3"), "");
     EXPECT_EQ(outValue(sequencer(), "panel", "x", "3"), "Unknown variable: x");
@@ -125,7 +125,7 @@ TEST_F(ScreenHostFailure, AtTheClosingIsTheSequencesAndLeavesTheScreen) {
     beginScreens(openScreen("a1", "panel") + caught(closeScreen("a2", "panel")));
     failure = otxException;
     failAt(closing, "panel");
-    start();
+    startUntilOpen("keys");
     waitForGlobal("x", 7);
     EXPECT_TRUE(isOpen("panel"));
     host->reaction = nullptr;
@@ -138,7 +138,7 @@ TEST_F(ScreenHostFailure, AtTheHighlightingIsTheSequences) {
     beginScreens(openScreen("a1", "panel") + caught(highlightScreen("a2", "panel")));
     failure = otxException;
     failAt(highlighted, "panel");
-    start();
+    startUntilOpen("keys");
     waitForGlobal("x", 7);
     EXPECT_TRUE(isOpen("panel"));
     go();

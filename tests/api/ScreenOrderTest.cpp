@@ -4,6 +4,9 @@
 #include "LaneDocuments.h"
 #include "ScreenTest.h"
 
+#include <otx/value/Functions.h>
+#include <otx/value/IString.h>
+
 #include <map>
 #include <mutex>
 #include <vector>
@@ -14,6 +17,12 @@ using namespace api;
 
 constexpr int writesOfALane = 50'000;
 
+// Keeps no messages: there are too many.
+class ForgetfulHost : public ReactingHost {
+public:
+    void sendRequest(const COtxValue& message) override { reaction(message); }
+};
+
 class ScreenOrder : public ScreenTest {
 protected:
     // Two lanes write x and y, which a screen shows; then a screen tells that they are done.
@@ -23,14 +32,14 @@ protected:
                                          loopOf("l2", "j", writesOfALane, increment("c1", "y"))}) +
                          openScreen("a2", "done"),
                      "", integer("variable", "i", 0) + integer("variable", "j", 0));
+        host = std::make_shared<ForgetfulHost>();
+        sequencer().SetHost(host);
     }
 
     void note(const COtxValue& message) {
+        const COtxValue parameters = OTX::GetParameter(message, "parameters", OTX::ValueType::Map);
         const std::lock_guard guard(seenLock_);
-        for (const char* const name : {"x", "y"}) {
-            const std::string value = parameter(message, name);
-            if (!value.empty()) seen_[name].push_back(value);
-        }
+        for (const auto& [name, value] : parameters.Map()) seen_[name.String()].push_back(value.Int());
     }
     bool isAllSeen() {
         const std::lock_guard guard(seenLock_);
@@ -40,7 +49,7 @@ protected:
         const std::lock_guard guard(seenLock_);
         const auto& values = seen_[name];
         ASSERT_EQ(values.size(), static_cast<std::size_t>(writesOfALane));
-        for (std::size_t place = 0; place < values.size(); ++place) ASSERT_EQ(values[place], std::to_string(place + 1));
+        for (std::size_t place = 0; place < values.size(); ++place) ASSERT_EQ(values[place], static_cast<long long>(place) + 1);
     }
     void expectAll() {
         waitUntil("the last change", [this] { return isAllSeen(); });
@@ -52,7 +61,7 @@ protected:
 
 private:
     std::mutex seenLock_;
-    std::map<std::string, std::vector<std::string>> seen_;
+    std::map<std::string, std::vector<long long>> seen_;
 };
 
 TEST_F(ScreenOrder, HoldsForAHostThatTakesThemAsTheyCome) {

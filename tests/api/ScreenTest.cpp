@@ -53,6 +53,7 @@ std::string outValue(velkotx::Sequencer& sequencer, const std::string& screen, c
 }
 
 void ScreenTest::beginScreens(const std::string& before, const std::string& after, const std::string& globals) {
+    host = std::make_shared<ReactingHost>();
     std::string handles;
     for (const char* const screen : {"keys", "panel", "a", "b", "c"}) handles += handleOf(screen, screen);
     begin(procedure("main", makeMonitor("s1", "go", "g") +
@@ -65,6 +66,8 @@ void ScreenTest::beginScreens(const std::string& before, const std::string& afte
 void ScreenTest::startUntilOpen(const std::string& screen) {
     start();
     heard(opened, screen);
+    // The host hears of it first.
+    waitUntil("the opening", [&] { return isOpen(screen); });
 }
 
 void ScreenTest::write(const std::string& name, int value) {

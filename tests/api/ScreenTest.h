@@ -32,9 +32,10 @@ std::string outValue(velkotx::Sequencer& sequencer, const std::string& screen, c
 class ScreenTest : public FlowTest {
 protected:
     // A run that opens the screen "keys", through which the test writes: in-out "x" of x, out "y" of y, out "go" of g. Then
-    // `before`, then a wait for the first write of "go", then `after`. There are handles "keys", "panel", "a", "b", "c".
+    // `before`, then a wait for the first write of "go", then `after`. There are handles "keys", "panel", "a", "b", "c". The
+    // host is a new one.
     void beginScreens(const std::string& before, const std::string& after = "", const std::string& globals = "");
-    // Begins the run and waits until the host knows of the screen.
+    // Begins the run and waits until the screen is open.
     void startUntilOpen(const std::string& screen);
 
     void write(const std::string& name, int value);
