@@ -81,6 +81,16 @@ def lanes(build):
     print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
 
 
+def screens(build):
+    runs = suite(build, "bench_screens", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
+    time = {name: runs[f"screens/{name}/real_time_median"] for name in ("unbound", "bound", "arrive")}
+    writes = time["bound"]["n"]
+    print(f"\n{'screens':56} {'':>8} {'goal':>6}")
+    more = (time["bound"]["real_time"] - time["unbound"]["real_time"]) / writes * 1e3
+    print(f"{'a write to a bound variable, host held up, us more':56} {more:8.2f} {'<= 2':>6}")
+    print(f"{f'{2 * writes:,.0f} changes of two lanes at the host, ms':56} {time['arrive']['real_time']:8.1f}")
+
+
 def values(build):
     runs = suite(build, "bench_values", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
     lock = runs["recursiveLock_median"]["cpu_time"]
@@ -95,6 +105,7 @@ def main():
     jumps(build)
     load(build)
     lanes(build)
+    screens(build)
     values(build)
 
 

@@ -100,6 +100,8 @@ public:
     void CancelAll();
     // Ends all screens without a word to the host, whose calls may come until then: before the context is let go of.
     void EndScreens();
+    // Whether the calling thread is telling a host of a flow's stop, and so holds the lock of the commands.
+    static bool IsTellingOfStop() noexcept { return stopsBeingTold != 0; }
     // The calling thread's flow.
     OtxFlow& OwnFlow() { return ownFlow(std::this_thread::get_id()); }
 
@@ -130,6 +132,9 @@ private:
         OtxFlow* flow;
     };
     static constinit thread_local Recent recent __attribute__((tls_model("initial-exec")));
+
+    class Telling;
+    static constinit thread_local int stopsBeingTold;
 
     OtxFlow& ownFlow(std::thread::id thread) {
         return recent.context == serial_ ? *recent.flow : findOwnFlow(thread);

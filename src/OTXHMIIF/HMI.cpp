@@ -52,10 +52,11 @@ public:
     Section(const Section&) = delete;
     Section& operator=(const Section&) = delete;
 
-    // Lets go and, at the outermost, ends the screens that were taken out. Throws what their ends throw.
+    // Lets go and, at the outermost, ends the screens that were taken out, unless that is left to awaitEnds. Throws what
+    // their ends throw.
     void end() {
         std::vector<std::shared_ptr<Screen>> leaving;
-        if (--hmi_.depth_ == 0) leaving.swap(hmi_.leaving_);
+        if (--hmi_.depth_ == 0 && !otxns::OtxContext::IsTellingOfStop()) leaving.swap(hmi_.leaving_);
         hmi_.mutex_.unlock();
         held_ = false;
         if (const auto failure = waitForEnds(leaving)) std::rethrow_exception(failure);
@@ -134,6 +135,9 @@ void HMI::endAll() {
     const Section section(*this);
     takeAllOut();
 }
+
+// What they throw is nobody's concern.
+void HMI::awaitEnds() { const Section section(*this); }
 
 void HMI::takeAllOut() {
     for (const auto& [name, screen] : std::exchange(screens_, {})) {

@@ -147,4 +147,47 @@ TEST_P(ScreenSecondOpening, DoesNotKeepTheHostWaiting) {
 INSTANTIATE_TEST_SUITE_P(OfAll, ScreenSecondOpening, testing::Values("event", "status", "cancel"),
                          [](const auto& wanting) { return std::string(wanting.param); });
 
+class ScreenStop : public ScreenTest, public testing::WithParamInterface<const char*> {};
+
+// The host takes the screen away in its answer to a stop, which no command of another thread may come into; and the screen's
+// thread wants one.
+TEST_P(ScreenStop, AnsweredWithTheEndOfAScreenDoesNotKeepItsThreadWaiting) {
+    const std::string deed = GetParam();
+    const std::size_t threads = threadCount();
+    beginScreens(openScreen("a1", "panel", {{"inArg", "x", "x"}}) + doNothing("a2"));
+    setBreakpoints({"a2"});
+    Gate inside;
+    inside.open();
+    MessageCount changes{changed, "panel"};
+    std::string answer;
+    host->reaction = [&](const COtxValue& message) {
+        if (changes.note(message)) {
+            inside.pass();
+            waitUntil("the end of the panel", [this] { return !isOpen("panel"); });
+            answer = control("status");
+        }
+        if (entry(message, "eventType") != "FlowStopped") return;
+        write("x", 1);
+        inside.awaitArrivals();
+        if (deed == "cancel")
+            EXPECT_EQ(control("cancel"), ok);
+        else
+            EXPECT_EQ(closedByOperator(sequencer(), "panel"), "");
+    };
+    start();
+    if (deed == "cancel") {
+        EXPECT_EQ(outcome(), cancelled);
+    } else {
+        waitUntil("the stop", [this] { return control("run") == ok; });
+        go();
+        EXPECT_EQ(outcome(), "{}");
+    }
+    session.reset();
+    EXPECT_TRUE(isThreadCountReached(threads));
+    EXPECT_TRUE(answer.starts_with(R"({"flows":)")) << answer;
+}
+
+INSTANTIATE_TEST_SUITE_P(OfAll, ScreenStop, testing::Values("cancel", "close"),
+                         [](const auto& deed) { return std::string(deed.param); });
+
 }  // namespace
