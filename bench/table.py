@@ -91,6 +91,14 @@ def persist(build):
         taken = time[name]["real_time"]
         goal = "" if name == "bareSaves" else ">= 0.33"
         print(f"{title:30} {SAVES * 1e3 / taken:8.0f} {time['bareSaves']['real_time'] / taken:8.2f} {goal:>7}")
+def screens(build):
+    runs = suite(build, "bench_screens", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
+    time = {name: runs[f"screens/{name}/real_time_median"] for name in ("unbound", "bound", "arrive")}
+    writes = time["bound"]["n"]
+    print(f"\n{'screens':56} {'':>8} {'goal':>6}")
+    more = (time["bound"]["real_time"] - time["unbound"]["real_time"]) / writes * 1e3
+    print(f"{'a write to a bound variable, host held up, us more':56} {more:8.2f} {'<= 2':>6}")
+    print(f"{f'{2 * writes:,.0f} changes of two lanes at the host, ms':56} {time['arrive']['real_time']:8.1f}")
 
 
 def values(build):
@@ -108,6 +116,7 @@ def main():
     load(build)
     lanes(build)
     persist(build)
+    screens(build)
     values(build)
 
 

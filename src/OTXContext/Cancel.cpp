@@ -25,7 +25,7 @@ void OtxContext::CancelAll() {
     const std::optional<std::thread::id> first = markCancelled();
     std::exception_ptr hostFailure;
     try {
-        if (hmi != nullptr) hmi->closeAll();
+        if (OTX::HMI* const current = hmi) current->closeAll();
     }
     OTX_PASS_FORCED_UNWIND
     catch (...) {

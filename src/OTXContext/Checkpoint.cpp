@@ -1,11 +1,22 @@
 // The checkpoint where a flow meets run control, and the stop.
 #include <OTXContext/OtxContext.h>
 #include <OTXCoreActions/ControlExceptions.h>
+#include <OTXHMIIF/HMI.h>
 #include <otx/value/COtxMap.h>
 #include <otx/value/COtxString.h>
 #include <velkotx/HostEventSink.h>
 
 namespace otxns {
+
+constinit thread_local int OtxContext::stopsBeingTold = 0;
+
+class OtxContext::Telling {
+public:
+    Telling() { ++stopsBeingTold; }
+    ~Telling() { --stopsBeingTold; }
+    Telling(const Telling&) = delete;
+    Telling& operator=(const Telling&) = delete;
+};
 
 // Holds flowLock from the decision to the end of the event, so that no command comes between them. The state is read
 // once: a change that comes later is seen at the next checkpoint.
@@ -50,8 +61,13 @@ void OtxContext::StopHere(OtxFlow& flow, std::thread::id thread, std::unique_loc
     const COtxMap event(std::map<const std::string, COtxValue>{{"eventType", COtxString("FlowStopped")},
                                                                {"status", flowStatus(flow, thread)}});
     own.unlock();
-    Host()->sendRequest(event);
+    {
+        const Telling telling;
+        Host()->sendRequest(event);
+    }
     commands.unlock();
+    // Of the screens that the host has closed in its answer.
+    if (OTX::HMI* const current = hmi) current->awaitEnds();
     own.lock();
     flow.wake.wait(own, [&] { return flow.resumes != resumes; });
     vars.unshareStack();

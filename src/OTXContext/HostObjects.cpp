@@ -22,8 +22,14 @@ auto& required(const Pointer& object, const char* failure) {
 
 void OtxContext::SetHost(std::weak_ptr<velkotx::HostEventSink> sink) {
     host = std::move(sink);
-    hmi = std::make_unique<OTX::HMI>(*this, host);
+    OTX::HMI* const replaced = hmi;
+    hmi = hmis.emplace_back(std::make_unique<OTX::HMI>(*this, host)).get();
     hostService = std::make_shared<ExternalServiceProvider::HostServiceInterface>(host);
+    if (replaced != nullptr) replaced->endAll();
+}
+
+void OtxContext::EndScreens() {
+    for (const auto& one : hmis) one->endAll();
 }
 
 void OtxContext::SetDiagCom(std::shared_ptr<DiagComHost> object) {
@@ -55,7 +61,7 @@ void OtxContext::SetTranslations(const COtxValue& texts) {
 }
 
 OTX::HMI& OtxContext::HMI() const {
-    return required(hmi, "HMI not initialised");
+    return required(hmi.load(), "HMI not initialised");
 }
 
 DiagComHost& OtxContext::DiagCom() const {

@@ -28,9 +28,8 @@ OtxContext::OtxContext() : serial_(nextSerial()) {
     procedures = tables.back().get();
 }
 
-OtxContext::~OtxContext() {
-    hmi.reset();  // its threads use what else is here
-}
+// The screens' threads use what else is here.
+OtxContext::~OtxContext() { EndScreens(); }
 
 void OtxContext::PrepareRun(const std::shared_ptr<Otx>& document) {
     addProcedures(document);

@@ -102,6 +102,10 @@ public:
     void SetFlowState(FlowState state, std::thread::id thread);
     // Cancels all flows, closes all screens and all event sources of the run.
     void CancelAll();
+    // Ends all screens without a word to the host, whose calls may come until then: before the context is let go of.
+    void EndScreens();
+    // Whether the calling thread is telling a host of a flow's stop, and so holds the lock of the commands.
+    static bool IsTellingOfStop() noexcept { return stopsBeingTold != 0; }
     // The calling thread's flow.
     OtxFlow& OwnFlow() { return ownFlow(std::this_thread::get_id()); }
 
@@ -132,6 +136,9 @@ private:
         OtxFlow* flow;
     };
     static constinit thread_local Recent recent __attribute__((tls_model("initial-exec")));
+
+    class Telling;
+    static constinit thread_local int stopsBeingTold;
 
     OtxFlow& ownFlow(std::thread::id thread) {
         return recent.context == serial_ ? *recent.flow : findOwnFlow(thread);
@@ -180,7 +187,9 @@ private:
     // Guards the making of serviceProviderFactory.
     std::mutex factoryLock;
     std::unique_ptr<ExternalServiceProvider::ServiceProviderFactory> serviceProviderFactory;
-    std::unique_ptr<OTX::HMI> hmi;
+    // The last one is in use. The others have no screens any more, but a call of the host may still be in them.
+    std::vector<std::unique_ptr<OTX::HMI>> hmis;
+    std::atomic<OTX::HMI*> hmi{nullptr};
     COtxValue contextVariables;
     COtxValue translations;
 

@@ -8,6 +8,9 @@
 #include <otx/value/IString.h>
 
 #include <exception>
+#include <map>
+#include <mutex>
+#include <system_error>
 
 namespace OTX {
 
@@ -17,8 +20,9 @@ void sendChanges(const ScreenHost& host, const COtxValue& monitorSource) {
     COtxValue received;
     while (monitorSource.EventSource().Wait(received)) {
         const IEvent& change = received.Event();
-        OTX_TRACE_AS("OTX::Screen::changeEventsThread", 4, change.Name() << ": " << change.Value());
-        const ScreenHost::Entries parameter{{change.Name().String(), host.published(change.Value())}};
+        const COtxValue value = host.published(change.Value());
+        OTX_TRACE_AS("OTX::Screen::changeEventsThread", 4, change.Name() << ": " << value);
+        const ScreenHost::Entries parameter{{change.Name().String(), value}};
         host.send("HMI-InParameterValueChanged", {{"parameters", COtxMap(parameter)}});
     }
 }
@@ -33,7 +37,46 @@ void changeEventsThread(const ScreenHost& host, const COtxValue& monitorSource) 
     catch (...) {
         OTX_TRACE_AS("OTX::Screen::changeEventsThread", 0, host.screen() << ": host failed");
     }
+    // Changes that nobody takes any more aren't to pile up.
+    monitorSource.EventSource().Close();
 }
+
+// The calling thread waits for the end of another one, but never in a circle: the host may end screens from inside messages
+// of each other's threads.
+class Awaiting {
+public:
+    explicit Awaiting(std::thread::id awaited) {
+        const std::lock_guard guard(shared().lock);
+        auto& all = shared().awaited;
+        for (auto next = awaited; next != std::thread::id();) {
+            if (next == self_) throw std::system_error(std::make_error_code(std::errc::resource_deadlock_would_occur));
+            const auto found = all.find(next);
+            next = found != all.end() ? found->second : std::thread::id();
+        }
+        all.emplace(self_, awaited);
+    }
+    ~Awaiting() {
+        const std::lock_guard guard(shared().lock);
+        shared().awaited.erase(self_);
+    }
+    Awaiting(const Awaiting&) = delete;
+    Awaiting& operator=(const Awaiting&) = delete;
+
+private:
+    struct Shared {
+        // Guards what follows.
+        std::mutex lock;
+        // By the one who waits.
+        std::map<std::thread::id, std::thread::id> awaited;
+    };
+    // Never destroyed: a thread that the host holds may come back late.
+    static Shared& shared() {
+        static auto* const all = new Shared;
+        return *all;
+    }
+
+    const std::thread::id self_ = std::this_thread::get_id();
+};
 
 }  // namespace
 
@@ -43,15 +86,20 @@ ChangeEvents::ChangeEvents(const ScreenHost& host, const COtxValue& monitorSourc
 
 ChangeEvents::~ChangeEvents() {
     if (!thread_.joinable()) return;
-    monitorSource_.EventSource().Close();
-    if (thread_.get_id() == std::this_thread::get_id())
+    try {
+        end();
+    } catch (const std::system_error&) {
         thread_.detach();
-    else
-        thread_.join();
+    }
+}
+
+void ChangeEvents::close() {
+    monitorSource_.EventSource().Close();
 }
 
 void ChangeEvents::end() {
-    monitorSource_.EventSource().Close();
+    close();
+    const Awaiting awaiting(thread_.get_id());
     thread_.join();
 }
 

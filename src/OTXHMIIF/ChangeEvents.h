@@ -9,7 +9,7 @@
 namespace OTX {
 
 // Owned by the screen. It ends when the source is closed, or when the host throws, which is logged; the changes after that
-// are lost. It keeps what it needs, so that it may outlive the screen where the host ends the screen from inside a message.
+// are dropped. It keeps what it needs, so that it may outlive the screen where the host ends the screen from inside a message.
 class ChangeEvents {
 public:
     // The source of the changes. Throws std::system_error when there is no thread to be had.
@@ -18,8 +18,10 @@ public:
     ChangeEvents(const ChangeEvents&) = delete;
     ChangeEvents& operator=(const ChangeEvents&) = delete;
 
-    // Closes the source and waits until the thread has sent what it is sending. Once. Throws std::system_error (resource
-    // deadlock) on the thread itself, which ends all the same when it comes back from the host.
+    // The host hears of no change any more but the one on its way. Doesn't wait for it.
+    void close();
+    // The same, and waits until the thread has sent what it is sending. Once. Throws std::system_error (resource deadlock) on
+    // the thread itself, and on one for whose end it waits; it ends all the same when it comes back from the host.
     void end();
 
 private:

@@ -30,7 +30,7 @@ std::exception_ptr first(std::exception_ptr earlier, std::exception_ptr later) {
     return earlier != nullptr ? earlier : later;
 }
 
-std::exception_ptr endAll(const std::vector<std::shared_ptr<Screen>>& screens) {
+std::exception_ptr waitForEnds(const std::vector<std::shared_ptr<Screen>>& screens) {
     std::exception_ptr failure;
     for (const auto& screen : screens) failure = first(failure, failureOf([&] { screen->end(); }));
     return failure;
@@ -52,13 +52,14 @@ public:
     Section(const Section&) = delete;
     Section& operator=(const Section&) = delete;
 
-    // Lets go and, at the outermost, ends the screens that were taken out. Throws what their ends throw.
+    // Lets go and, at the outermost, ends the screens that were taken out, unless that is left to awaitEnds. Throws what
+    // their ends throw.
     void end() {
         std::vector<std::shared_ptr<Screen>> leaving;
-        if (--hmi_.depth_ == 0) leaving.swap(hmi_.leaving_);
+        if (--hmi_.depth_ == 0 && !otxns::OtxContext::IsTellingOfStop()) leaving.swap(hmi_.leaving_);
         hmi_.mutex_.unlock();
         held_ = false;
-        if (const auto failure = endAll(leaving)) std::rethrow_exception(failure);
+        if (const auto failure = waitForEnds(leaving)) std::rethrow_exception(failure);
     }
 
 private:
@@ -70,9 +71,7 @@ HMI::HMI(otxns::OtxContext& context, std::weak_ptr<velkotx::HostEventSink> host)
     : context_(context), host_(std::move(host)) {}
 
 HMI::~HMI() {
-    std::vector<std::shared_ptr<Screen>> left;
-    for (const auto& [name, screen] : screens_) left.push_back(screen);
-    endAll(left);
+    endAll();
 }
 
 void HMI::openScreen(const std::string& name, bool modal, const ScreenArguments& arguments) {
@@ -86,13 +85,16 @@ void HMI::openDialog(const std::string& name, ScreenArguments::Values parameters
     openScreen(name, true, {std::move(parameters), {}, {}, std::move(out)});
 }
 
-// The source is copied under the lock: the host may close the screen in the next instant.
+// The source is copied under the lock: the host may close the screen in the next instant. Where the host throws, the screen
+// goes like one that was taken out: its thread may be in the middle of a message.
 COtxValue HMI::enter(const std::string& name, bool modal, const ScreenArguments& arguments) {
     Section section(*this);
-    const auto screen = std::make_shared<Screen>(ScreenHost(host_, context_.ContentLock(), name), modal, arguments);
+    const auto screen = std::make_shared<Screen>(ScreenHost(host_, context_.ContentLock(), name));
+    leaving_.push_back(screen);
+    screen->open(modal, arguments);
+    // When a screen of the name is open, the host has heard of this one, and it goes without a word: this is meant.
     const auto [entry, isNew] = screens_.try_emplace(name, screen);
-    // The host has heard of it, and it goes without a word: this is meant.
-    if (!isNew) leaving_.push_back(screen);
+    if (isNew) std::erase(leaving_, screen);
     COtxValue closed = entry->second->closedSource();
     section.end();
     return closed;
@@ -101,7 +103,10 @@ COtxValue HMI::enter(const std::string& name, bool modal, const ScreenArguments&
 bool HMI::remove(const std::string& name) {
     Section section(*this);
     const auto found = screens_.extract(name);
-    if (found) leaving_.push_back(found.mapped());
+    if (found) {
+        leaving_.push_back(found.mapped());
+        found.mapped()->leave();
+    }
     section.end();
     return static_cast<bool>(found);
 }
@@ -115,13 +120,30 @@ bool HMI::closeScreen(const std::string& name) {
 
 void HMI::closeAll() {
     Section section(*this);
-    // The host may come back with an end of one of them.
     const auto open = screens_;
     std::exception_ptr failure;
-    for (const auto& [name, screen] : open) failure = first(failure, failureOf([&] { screen->closeScreen(); }));
-    for (const auto& [name, screen] : std::exchange(screens_, {})) leaving_.push_back(screen);
+    for (const auto& [name, screen] : open) {
+        // The host may have come back with an end of it.
+        if (screens_.contains(name)) failure = first(failure, failureOf([&] { screen->closeScreen(); }));
+    }
+    takeAllOut();
     failure = first(failure, failureOf([&] { section.end(); }));
     if (failure != nullptr) std::rethrow_exception(failure);
+}
+
+void HMI::endAll() {
+    const Section section(*this);
+    takeAllOut();
+}
+
+// What they throw is nobody's concern.
+void HMI::awaitEnds() { const Section section(*this); }
+
+void HMI::takeAllOut() {
+    for (const auto& [name, screen] : std::exchange(screens_, {})) {
+        leaving_.push_back(screen);
+        screen->leave();
+    }
 }
 
 bool HMI::highlight(const std::string& name) {

@@ -26,7 +26,8 @@ class Screen;
 //
 // The host hears of an opening, and of the closing of all, under the lock of the screens. Screens that leave are ended when
 // the thread that took them out has let go of it: their own threads may be in the middle of a message, in which the host
-// wants the lock.
+// wants the lock. From the moment they are taken out they send no more. A thread that tells the host of a flow's stop holds a
+// lock that the host may want too: what it takes out is ended when it has let go of that.
 class HMI {
 public:
     HMI(otxns::OtxContext& context, std::weak_ptr<velkotx::HostEventSink> host);
@@ -43,6 +44,10 @@ public:
     bool closeScreen(const std::string& name);
     // All of them, even if the host throws; its first exception is thrown then.
     void closeAll();
+    // Ends all of them without a word to the host.
+    void endAll();
+    // Ends those that were taken out and not yet ended.
+    void awaitEnds();
     // False for a screen that isn't open, and when the host is gone.
     bool highlight(const std::string& name);
     bool screenIsOpen(const std::string& name);
@@ -59,6 +64,7 @@ private:
 
     COtxValue enter(const std::string& name, bool modal, const ScreenArguments& arguments);
     bool remove(const std::string& name);
+    void takeAllOut();
 
     otxns::OtxContext& context_;
     const std::weak_ptr<velkotx::HostEventSink> host_;

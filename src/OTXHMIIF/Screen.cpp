@@ -14,14 +14,24 @@
 
 namespace OTX {
 
-// The thread runs and the variables are watched before the host hears of the screen: a change may arrive ahead of the
-// opening. This is meant.
-Screen::Screen(const ScreenHost& host, bool modal, const ScreenArguments& arguments)
+namespace {
+
+// A host that is slow gets every change; beyond this number the oldest go, so that one that hangs doesn't eat the memory.
+constexpr std::size_t mostPendingChanges = 1U << 20U;
+
+}  // namespace
+
+Screen::Screen(const ScreenHost& host)
     : host_(host),
-      monitorSource_(COtxMonitorChangeEventSource()),
+      monitorSource_(COtxMonitorChangeEventSource(mostPendingChanges)),
       closedSource_(COtxHMIScreenClosedEventSource()),
       changeEvents_(host, monitorSource_) {
     OTX_TRACE(4, host_.screen());
+}
+
+// The thread runs and the variables are watched before the host hears of the screen: a change may arrive ahead of the
+// opening. This is meant.
+void Screen::open(bool modal, const ScreenArguments& arguments) {
     Parameters shown;
     // A name that stands in two groups keeps its first value.
     for (const auto& [name, value] : arguments.terms) shown.emplace(name, host_.published(value));
@@ -58,8 +68,12 @@ void Screen::outValueChanged(const COtxValue& parameters) {
     }
 }
 
-void Screen::end() {
+void Screen::leave() {
     closedSource_.EventSource().Signal();
+    changeEvents_.close();
+}
+
+void Screen::end() {
     changeEvents_.end();
     OTX_TRACE(4, host_.screen());
 }

@@ -12,10 +12,12 @@ namespace OTX {
 // Shared between the HMI that opened it and calls that are on their way. Any thread.
 class Screen {
 public:
-    // Tells the host, "HMI-OpenScreen". Throws what the host throws; nothing is left then.
-    Screen(const ScreenHost& host, bool modal, const ScreenArguments& arguments);
+    explicit Screen(const ScreenHost& host);
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
+
+    // Tells the host, "HMI-OpenScreen". Once, first of all. Throws what the host throws.
+    void open(bool modal, const ScreenArguments& arguments);
 
     const COtxValue& closedSource() const { return closedSource_; }
 
@@ -26,8 +28,10 @@ public:
     // Writes the variables of out and inout parameters, in the order of the names. Throws std::runtime_error, "Unknown
     // variable: ", for a name that has none; those before it are written.
     void outValueChanged(const COtxValue& parameters);
-    // The screen's end, by whoever took it out of the HMI, once: nobody waits for the closing any more, and no change
-    // reaches the host but the one on its way. Throws as ChangeEvents::end.
+    // The screen has been taken out of the HMI: nobody waits for the closing any more, and no change reaches the host but the
+    // one on its way.
+    void leave();
+    // Waits for that one. By whoever took it out of the HMI, once. Throws as ChangeEvents::end.
     void end();
 
 private:

@@ -53,6 +53,8 @@ Sequencer_impl::Sequencer_impl(std::istream& document) {
 
 // The root that goes is that of the destroying thread, whoever made the Sequencer. This is meant.
 Sequencer_impl::~Sequencer_impl() {
+    // The host may come back from inside a message of a screen's thread.
+    context->EndScreens();
     context.reset();
     otx.reset();
     schema::XmlPlatform::terminate();

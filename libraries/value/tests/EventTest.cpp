@@ -122,6 +122,34 @@ TEST(EventSource, DropsTheOldestWhenNobodyEverWaits) {
     EXPECT_EQ(next(source), "DiagService(10)");
 }
 
+TEST(ScreenClosed, WakesEveryWaiterWhenTheScreenHasGone) {
+    const COtxHMIScreenClosedEventSource source;
+    Waiter first(source);
+    Waiter second(source);
+    source.EventSource().Signal();
+    EXPECT_EQ(first.join(), "ScreenClosed");
+    EXPECT_EQ(second.join(), "ScreenClosed");
+    EXPECT_EQ(next(source), "ScreenClosed") << "and all that come later";
+}
+
+TEST(ScreenClosed, GivesWhatWasPutFirst) {
+    const COtxHMIScreenClosedEventSource source;
+    source.EventSource().Put(COtxString("panel"));
+    source.EventSource().Signal();
+    EXPECT_EQ(next(source), "ScreenClosed(\"panel\")");
+    EXPECT_EQ(next(source), "ScreenClosed");
+    source.EventSource().Close();
+    EXPECT_TRUE(isClosed(source));
+}
+
+TEST(MonitorChange, KeepsAsManyEventsAsItWasMadeFor) {
+    OtxVariable variable{COtxInt(0)};
+    const COtxMonitorChangeEventSource source(70000);
+    variable.AddEventSource("v", source);
+    for (int number = 0; number < 70001; ++number) variable.Set(COtxInt(number));
+    EXPECT_EQ(next(source), "MonitorChange(v, 1)");
+}
+
 TEST(EventSource, OnlyAMultiSourceTakesMembers) {
     const COtxSignalEventSource source(EventKind::DiagService);
     EXPECT_FALSE(source.EventSource().Add(COtxSignalEventSource(EventKind::DiagService)));

@@ -34,7 +34,7 @@ std::uint64_t Bell::rings() const {
     return rings_;
 }
 
-EventSource::EventSource() = default;
+EventSource::EventSource(std::size_t ownLongestQueue) : longestQueue_(ownLongestQueue) {}
 
 EventSource::~EventSource() { OpenSources::instance().remove(this); }
 
@@ -94,7 +94,7 @@ void EventSource::enqueue(COtxValue&& event) {
         const std::lock_guard guard(sourceLock_);
         if (closed_) return;
         queue_.push_back(std::move(event));
-        if (queue_.size() > longestQueue) {
+        if (queue_.size() > longestQueue_) {
             dropped = std::move(queue_.front());
             queue_.pop_front();
         }

@@ -36,7 +36,8 @@ private:
 // Lives in the behaviour of its value; it can't be that itself, since both have an operation Add.
 class EventSource : public OTX::IEventSource {
 public:
-    // Older events make room beyond this number, so that a source that nobody waits on can't grow for ever.
+    // Older events make room beyond this number, so that a source that nobody waits on can't grow for ever; a source may be
+    // made with another one.
     static constexpr std::size_t longestQueue = 65536;
 
     EventSource(const EventSource&) = delete;
@@ -63,7 +64,7 @@ public:
     virtual void watch(const std::shared_ptr<Bell>& bell);
 
 protected:
-    EventSource();
+    explicit EventSource(std::size_t ownLongestQueue = longestQueue);
 
     void enqueue(COtxValue&& event);
     const std::shared_ptr<Bell>& bell() const noexcept { return bell_; }
@@ -71,7 +72,8 @@ protected:
 private:
     void ringAll();
 
-    // Guards all below.
+    const std::size_t longestQueue_;
+    // Guards what follows, up to watchers_.
     mutable std::mutex sourceLock_;
     std::deque<COtxValue> queue_;
     bool closed_ = false;
@@ -105,7 +107,8 @@ public:
     void deliver(const COtxValue& name, const COtxValue& value) override;
 
 protected:
-    explicit KindSource(OTX::EventKind kind) : kind_(kind) {}
+    explicit KindSource(OTX::EventKind kind, std::size_t ownLongestQueue = longestQueue)
+        : EventSource(ownLongestQueue), kind_(kind) {}
 
 private:
     const OTX::EventKind kind_;

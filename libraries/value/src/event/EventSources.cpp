@@ -5,7 +5,11 @@
 #include <otx/event/COtxSignalEventSource.h>
 #include <otx/event/COtxThresholdExceededEventSource.h>
 
+#include <otx/event/COtxEvent.h>
+#include <otx/value/COtxString.h>
+
 #include <algorithm>
+#include <atomic>
 
 #include "EventSource.h"
 #include "OpenSources.h"
@@ -19,9 +23,29 @@ public:
     explicit SignalSource(OTX::EventKind kind) : KindSource(kind) {}
 };
 
+// A screen that has gone stays gone: whoever waits, however many and whenever, learns of it.
+class ScreenClosedSource final : public KindSource {
+public:
+    ScreenClosedSource() : KindSource(OTX::EventKind::ScreenClosed) {}
+
+    void Signal() override {
+        gone_ = true;
+        KindSource::Signal();
+    }
+    Look look(COtxValue& event) override {
+        const Look found = KindSource::look(event);
+        if (found != Look::Nothing || !gone_) return found;
+        event = COtxEvent(OTX::EventKind::ScreenClosed, COtxString(), COtxValue());
+        return Look::Event;
+    }
+
+private:
+    std::atomic<bool> gone_{false};
+};
+
 class MonitorSource final : public KindSource {
 public:
-    MonitorSource() : KindSource(OTX::EventKind::MonitorChange) {}
+    explicit MonitorSource(std::size_t ownLongestQueue) : KindSource(OTX::EventKind::MonitorChange, ownLongestQueue) {}
     void Changed(const COtxValue& name, const COtxValue& value) override { deliver(name, value); }
 };
 
@@ -118,8 +142,11 @@ void MultiSource::watch(const std::shared_ptr<Bell>& bell) {
 }  // namespace otx
 
 COtxHMIScreenClosedEventSource::COtxHMIScreenClosedEventSource()
-    : COtxValue(otx::makeSource<otx::SignalSource>(OTX::EventKind::ScreenClosed)) {}
-COtxMonitorChangeEventSource::COtxMonitorChangeEventSource() : COtxValue(otx::makeSource<otx::MonitorSource>()) {}
+    : COtxValue(otx::makeSource<otx::ScreenClosedSource>()) {}
+COtxMonitorChangeEventSource::COtxMonitorChangeEventSource()
+    : COtxMonitorChangeEventSource(otx::EventSource::longestQueue) {}
+COtxMonitorChangeEventSource::COtxMonitorChangeEventSource(std::size_t longestQueue)
+    : COtxValue(otx::makeSource<otx::MonitorSource>(longestQueue)) {}
 COtxMultiEventSource::COtxMultiEventSource() : COtxValue(otx::makeSource<otx::MultiSource>()) {}
 COtxSignalEventSource::COtxSignalEventSource(OTX::EventKind kind)
     : COtxValue(otx::makeSource<otx::SignalSource>(kind)) {}
