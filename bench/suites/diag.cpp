@@ -47,17 +47,18 @@ void bareWork(benchmark::State& state) {
 }  // namespace
 
 #define ON_CPU Unit(benchmark::kMicrosecond)->MeasureProcessCPUTime()
+#define IN_TIME Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime()
 BENCHMARK_CAPTURE(vehicle, bare, "bare", services)->ON_CPU;
 BENCHMARK_CAPTURE(vehicle, services, "services", services)->ON_CPU;
 BENCHMARK_CAPTURE(vehicle, fresh, "fresh", services)->ON_CPU;
 BENCHMARK_CAPTURE(memory, bare, "bare", services)->ON_CPU;
 BENCHMARK_CAPTURE(memory, services, "services", services)->ON_CPU;
 BENCHMARK_CAPTURE(memory, fresh, "fresh", services)->ON_CPU;
-BENCHMARK(download)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(vehicle, oneLane, "oneLane", laneServices)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(vehicle, fourLanes, "fourLanes", laneServices / 4)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(memory, oneLane, "oneLane", laneServices)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(memory, fourLanes, "fourLanes", laneServices / 4)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(bareWork)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(download)->IN_TIME;
+BENCHMARK_CAPTURE(vehicle, oneLane, "oneLane", laneServices)->IN_TIME;
+BENCHMARK_CAPTURE(vehicle, fourLanes, "fourLanes", laneServices / 4)->IN_TIME;
+BENCHMARK_CAPTURE(memory, oneLane, "oneLane", laneServices)->IN_TIME;
+BENCHMARK_CAPTURE(memory, fourLanes, "fourLanes", laneServices / 4)->IN_TIME;
+BENCHMARK(bareWork)->Arg(1)->Arg(2)->IN_TIME;
 
 BENCHMARK_MAIN();
