@@ -17,8 +17,8 @@ public:
     OTX::IComChannel& ComChannel() override { return *this; }
 
     void CloseComChannel() override {}
-    COtxValue CreateDiagServiceByName(const COtxValue&) override { return COtxValue(std::make_shared<MemoryService>()); }
-    COtxValue CreateDiagServiceBySemantic(const COtxValue& semantic) override { return CreateDiagServiceByName(semantic); }
+    COtxValue CreateDiagServiceByName(const COtxValue&) override { return service(); }
+    COtxValue CreateDiagServiceBySemantic(const COtxValue&) override { return service(); }
     COtxValue GetDiagServiceListBySemantic(const COtxValue&) override { return COtxList(); }
     void IdentifyAndSelectVariant() override {}
     COtxValue GetComChannelEcuVariantName() override { return COtxString(""); }
@@ -34,6 +34,9 @@ public:
     COtxValue GetComChannelState() override { return {}; }
     void StartCommunication() override {}
     void StopCommunication() override {}
+
+private:
+    static COtxValue service() { return COtxValue(std::make_shared<MemoryService>()); }
 };
 
 class MemoryDiagCom : public DiagComHost {

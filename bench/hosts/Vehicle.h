@@ -33,7 +33,8 @@ inline void installBenchVehicle(velkotx::Sequencer& sequencer) {
     auto file = velkotx::host::readVehicle(VEHICLES_FOLDER "/four-units.json");
     if (!file.mistakes.empty()) throw std::runtime_error(inWords(file.mistakes.front(), "four-units.json"));
     file.description.flashSessions.push_back(makeUpdate());
-    installVehicle(sequencer, std::make_shared<velkotx::host::VehicleDescription>(std::move(file.description)), nullptr);
+    auto description = std::make_shared<velkotx::host::VehicleDescription>(std::move(file.description));
+    installVehicle(sequencer, std::move(description), nullptr);
 }
 
 }  // namespace bench
