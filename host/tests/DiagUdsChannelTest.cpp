@@ -81,8 +81,8 @@ protected:
     // Moves the time, and waits until the channel's thread has seen that.
     void pass(Clock::Duration time) {
         const auto timed = std::make_shared<Timed>();
+        EXPECT_TRUE(channel->schedule(network->clock.now() + time, timed));
         network->clock.awaitWaiting(1);
-        channel->schedule(network->clock.now() + time, timed);
         network->clock.advance(time);
         timed->await(1);
         network->clock.awaitWaiting(1);
