@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace bench {
 
@@ -29,11 +30,19 @@ inline velkotx::host::FlashSessionDescription makeUpdate() {
     return session;
 }
 
-inline void installBenchVehicle(velkotx::Sequencer& sequencer) {
+inline velkotx::host::VehicleDescription readFourUnits() {
     auto file = velkotx::host::readVehicle(VEHICLES_FOLDER "/four-units.json");
     if (!file.mistakes.empty()) throw std::runtime_error(inWords(file.mistakes.front(), "four-units.json"));
-    file.description.flashSessions.push_back(makeUpdate());
-    auto description = std::make_shared<velkotx::host::VehicleDescription>(std::move(file.description));
+    return std::move(file.description);
+}
+
+inline void installFourUnits(velkotx::Sequencer& sequencer) {
+    installVehicle(sequencer, std::make_shared<velkotx::host::VehicleDescription>(readFourUnits()), nullptr);
+}
+
+inline void installWithUpdate(velkotx::Sequencer& sequencer) {
+    auto description = std::make_shared<velkotx::host::VehicleDescription>(readFourUnits());
+    description->flashSessions.push_back(makeUpdate());
     installVehicle(sequencer, std::move(description), nullptr);
 }
 

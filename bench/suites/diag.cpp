@@ -18,7 +18,7 @@ void installMemory(velkotx::Sequencer& sequencer) {
 }
 
 void vehicle(benchmark::State& state, const std::string& procedure, long long n) {
-    runProcedure(state, "diag", procedure, n, bench::installBenchVehicle);
+    runProcedure(state, "diag", procedure, n, bench::installFourUnits);
 }
 
 void memory(benchmark::State& state, const std::string& procedure, long long n) {
@@ -26,7 +26,7 @@ void memory(benchmark::State& state, const std::string& procedure, long long n) 
 }
 
 void download(benchmark::State& state) {
-    const COtxValue outputs = runProcedure(state, "download", "download", pieceSize, bench::installBenchVehicle);
+    const COtxValue outputs = runProcedure(state, "download", "download", pieceSize, bench::installWithUpdate);
     if (outputs.Map().at(COtxString("bytes")).Int() != static_cast<long long>(bench::downloadSize))
         state.SkipWithError("not all bytes were downloaded");
 }
