@@ -22,7 +22,7 @@ void UdsTraffic::Possession::release(bool broken) { giveBack(nullptr, broken); }
 bool UdsTraffic::Possession::handOver(UdsExchange& exchange) {
     {
         const std::lock_guard guard(traffic_.trafficLock_);
-        if (!traffic_.hasThread())
+        if (!traffic_.ensureThread())
             return false;
         traffic_.user_ = User::Thread;
         traffic_.resumed_ = std::move(exchange);

@@ -19,7 +19,7 @@ constexpr Clock::Duration longestRest = std::chrono::hours(1);
 
 }  // namespace
 
-bool UdsTraffic::hasThread() {
+bool UdsTraffic::ensureThread() {
     if (state_ == UdsChannel::State::Closed)
         return false;
     try {
@@ -103,7 +103,7 @@ void UdsTraffic::tellOfEnd(Lock& lock, Clock::Time now) {
 bool UdsTraffic::schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed) {
     {
         const std::lock_guard guard(trafficLock_);
-        if (!hasThread())
+        if (!ensureThread())
             return false;
         timed_.push_back({time, std::move(timed)});
         timesChanged_ = true;

@@ -76,7 +76,7 @@ void UdsTraffic::setTiming(const UdsTiming& timing) {
         timing_ = timing;
         timesChanged_ = true;
         if (keepsAlive())
-            hasThread();
+            ensureThread();
     }
     threadWanted_.notify_all();
 }
@@ -156,7 +156,7 @@ void UdsTraffic::release(Lock& lock, const UdsExchange* exchange, Clock::Time no
         waiting.swap(queue_);
     }
     // Asked each time, since there may have been no thread to be had the last time.
-    const bool threadWanted = keepsAlive() && hasThread() && !keptAlive;
+    const bool threadWanted = keepsAlive() && ensureThread() && !keptAlive;
     timesChanged_ = timesChanged_ || threadWanted;
     lock.unlock();
     burstOver_.notify_all();

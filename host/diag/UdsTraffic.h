@@ -51,7 +51,7 @@ private:
 
     // True when the channel has a thread, which begins when it is wanted first: most channels that open and close in
     // no time never want one. False when the channel is closed, or there is no thread to be had. Under the lock.
-    bool hasThread();
+    bool ensureThread();
     // The thread's life: returns when the channel is closed.
     void work();
     bool resume(Lock& lock);
