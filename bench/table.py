@@ -1,4 +1,4 @@
-"""Runs the suites and their peers and prints one table of ratios: python3 bench/table.py BUILD-FOLDER
+"""Runs the suites and their peers and prints one table of ratios: python3 bench/table.py BUILD-FOLDER [PART...]
 
 The machines are shared and noisy, so that only ratios of medians from one run count, of processor time on all sides.
 """
@@ -16,6 +16,8 @@ ROUNDS = 7
 PROGRAMS = {"loop": (300_000, 5.0), "call": (200_000, 6.0), "list": (200_000, 5.0), "fib": (22, 10.0)}
 COMPILED_SIZES = (1, 10)  # megabytes of the XML that was compiled
 SAVES = int(os.environ.get("BENCH_SAVES", "10000"))  # 100000 takes a minute
+SERVICE_ROUNDS = 9
+INTERLEAVED = ("--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
 LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
 
 
@@ -74,13 +76,54 @@ def load(build):
 
 
 def lanes(build):
-    runs = suite(build, "bench_lanes", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
+    runs = suite(build, "bench_lanes", ".", *INTERLEAVED)
     time = {name: runs[f"{name}/real_time_median"]["real_time"] for name in ("lanes/one", "lanes/two", "lanes/start", "bareThreads", "lanes/wake", "bareWakes", "bareWork/1", "bareWork/2")}
     print(f"\n{'lanes':44} {'ratio':>6} {'goal':>6}")
     print(f"{'work of two lanes, of one':44} {2 * time['lanes/one'] / time['lanes/two']:6.2f} {'>= 1.8':>6}")
     print(f"{'  of two bare threads, of one':44} {2 * time['bareWork/1'] / time['bareWork/2']:6.2f}")
     print(f"{'a lane, of a bare std::async':44} {time['lanes/start'] / time['bareThreads']:6.2f} {1.3:6.2f}")
     print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
+
+
+def services(build):
+    """Of one service, without the loop around it, in processor time of all threads."""
+    runs = suite(build, "bench_diag", "/(bare|services|fresh)/", "--benchmark_min_time=0.1", *INTERLEAVED)
+    time = {name: run["cpu_time"] for name, run in runs.items()}
+    each = runs["vehicle/services/process_time_median"]["n"]
+    print(f"\n{'a service, 3 request and 5 response parameters':56} {'us':>6} {'goal':>6}")
+    for host, words, goal in (("vehicle", "simulated vehicle", 25), ("memory", "host that answers from memory", 5)):
+        bare = time[f"{host}/bare/process_time_median"]
+        for name, more in (("services", ""), ("fresh", ", made anew each time")):
+            per = (time[f"{host}/{name}/process_time_median"] - bare) / each
+            print(f"{words + more:56} {per:6.2f} {goal:6.2f}")
+
+
+def download(build):
+    run = suite(build, "bench_diag", "download", *INTERLEAVED)["download/process_time/real_time_median"]
+    print(f"\n{'download of 16 MB in pieces of 4 KB':44} {'s':>6} {'goal':>6}")
+    print(f"{'all of it':44} {run['real_time'] / 1e3:6.3f} {2.0:6.2f}")
+    print(f"{'  of processor time':44} {run['cpu_time'] / 1e3:6.3f}")
+
+
+def service_lanes(build):
+    """In rounds, so that a slow moment hits one lane, four lanes and the bare threads beside them."""
+    rounds = {name: [] for name in ("vehicle", "memory", "bare", "vehicle cost", "memory cost")}
+    for _ in range(SERVICE_ROUNDS):
+        runs = suite(build, "bench_diag", "Lane|bareWork", "--benchmark_min_time=0.05")
+        time = {name.removesuffix("/process_time/real_time"): run for name, run in runs.items()}
+        rounds["bare"].append(2 * time["bareWork/1"]["real_time"] / time["bareWork/2"]["real_time"])
+        for host in ("vehicle", "memory"):
+            one, four = time[f"{host}/oneLane"], time[f"{host}/fourLanes"]
+            rounds[host].append(one["real_time"] / four["real_time"])
+            rounds[f"{host} cost"].append(four["cpu_time"] / one["cpu_time"])
+    ratio = {name: statistics.median(values) for name, values in rounds.items()}
+    print(f"\n{'1,000 services on four lanes, of one lane':44} {'ratio':>6} {'goal':>6}")
+    print(f"{'simulated vehicle':44} {ratio['vehicle']:6.2f} {'>= 1.7':>6}")
+    print(f"{'host that answers from memory':44} {ratio['memory']:6.2f}")
+    print(f"{'  work of two bare threads, of one':44} {ratio['bare']:6.2f}")
+    # Where there are no two cores to be had, this still tells: with more, two cores couldn't give 1.7.
+    print(f"{'  processor time of four lanes, of one':44} {ratio['vehicle cost']:6.2f} {2 / 1.7:6.2f}")
+    print(f"{'  the same from memory':44} {ratio['memory cost']:6.2f}")
 
 
 def persist(build):
@@ -91,6 +134,8 @@ def persist(build):
         taken = time[name]["real_time"]
         goal = "" if name == "bareSaves" else ">= 0.33"
         print(f"{title:30} {SAVES * 1e3 / taken:8.0f} {time['bareSaves']['real_time'] / taken:8.2f} {goal:>7}")
+
+
 def screens(build):
     runs = suite(build, "bench_screens", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
     time = {name: runs[f"screens/{name}/real_time_median"] for name in ("unbound", "bound", "arrive")}
@@ -111,13 +156,10 @@ def values(build):
 
 def main():
     build = pathlib.Path(sys.argv[1])
-    programs(build)
-    jumps(build)
-    load(build)
-    lanes(build)
-    persist(build)
-    screens(build)
-    values(build)
+    parts = (programs, jumps, load, lanes, services, download, service_lanes, persist, screens, values)
+    for part in parts:
+        if not sys.argv[2:] or part.__name__ in sys.argv[2:]:
+            part(build)
 
 
 main()

@@ -45,7 +45,7 @@ private:
 };
 
 void screens(benchmark::State& state, const std::string& procedure) {
-    runProcedure(state, "screens", procedure, written, std::make_shared<Operator>());
+    runProcedure(state, "screens", procedure, written, {}, std::make_shared<Operator>());
 }
 
 }  // namespace

@@ -15,7 +15,6 @@
 #include <otx/value/COtxString.h>
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -178,8 +177,6 @@ void DiagChannel::StartCommunication() {
         fail(Exceptions_e::UnknownComChannelException, failure.what());
     } catch (const TransportError& failure) {
         fail(Exceptions_e::LossOfComException, failure.what());
-    } catch (const std::system_error& failure) {
-        fail(Exceptions_e::DiagComException, failure.what());
     }
 }
 

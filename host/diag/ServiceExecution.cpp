@@ -78,7 +78,11 @@ void ServiceExecution::startRepetition() {
             fail(Exceptions_e::InvalidStateException, "'" + name() + "' is being executed repeatedly already");
         cycle_ = cycle;
     }
-    channel_->schedule(now, cycle);
+    if (channel_->schedule(now, cycle))
+        return;
+    end(*cycle);
+    requireCommunication(*channel_);
+    fail(Exceptions_e::DiagComException, "there is no thread to be had for the repeated execution of '" + name() + "'");
 }
 
 void ServiceExecution::stopRepetition() {

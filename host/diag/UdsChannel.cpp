@@ -3,6 +3,7 @@
 
 #include "diag/UdsTraffic.h"
 
+#include <thread>
 #include <utility>
 
 namespace velkotx::host {
@@ -12,23 +13,18 @@ UdsChannel::UdsChannel(std::shared_ptr<Transport> transport, const std::string& 
 
 UdsChannel::~UdsChannel() {
     traffic_->close();
-    if (!thread_.joinable())
+    std::thread thread = traffic_->takeThread();
+    if (!thread.joinable())
         return;
-    if (thread_.get_id() == std::this_thread::get_id())
+    if (thread.get_id() == std::this_thread::get_id())
         // A client that this thread calls let go of the channel. The thread ends when the call is over, and touches
         // nothing but what it owns itself.
-        thread_.detach();
+        thread.detach();
     else
-        thread_.join();
+        thread.join();
 }
 
-void UdsChannel::start() {
-    traffic_->open();
-    const std::lock_guard guard(threadLock_);
-    if (!thread_.joinable())
-        thread_ = std::thread([traffic = traffic_] { traffic->work(); });
-}
-
+void UdsChannel::start() { traffic_->open(); }
 void UdsChannel::stop() { traffic_->stop(); }
 void UdsChannel::close() { traffic_->close(); }
 UdsChannel::State UdsChannel::state() const { return traffic_->state(); }
@@ -40,8 +36,8 @@ bool UdsChannel::submit(UdsRequest&& request, std::shared_ptr<UdsClient> client)
     return traffic_->submit(UdsExchange(std::move(request), std::move(client)));
 }
 
-void UdsChannel::schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed) {
-    traffic_->schedule(time, std::move(timed));
+bool UdsChannel::schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed) {
+    return traffic_->schedule(time, std::move(timed));
 }
 
 }  // namespace velkotx::host

@@ -8,10 +8,8 @@
 #include <transport/Transport.h>
 
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
-#include <thread>
 
 namespace velkotx::host {
 
@@ -29,7 +27,7 @@ public:
 
 // Any thread may call every operation. One request at a time is on the link; the others wait in their order. What can be
 // answered without waiting is done by the thread that submits; all else by the one thread that the channel has of its own
-// from start() on, which also keeps a session alive.
+// as soon as there is something for it to do, which also keeps a session alive.
 //
 // Destruction closes the channel and waits for its thread; requests on their way end as Closed. The channel may be
 // destroyed by a client that it calls.
@@ -52,7 +50,7 @@ public:
     UdsChannel& operator=(const UdsChannel&) = delete;
     ~UdsChannel();
 
-    // Throws as Transport::open does, and std::system_error when there is no thread to be had.
+    // Throws as Transport::open does.
     void start();
     // Requests that wait end as Closed; the one that is on the link ends as it would.
     void stop();
@@ -66,14 +64,12 @@ public:
 
     // Whether the client has been called already, on this thread. A channel that isn't open ends the request at once.
     bool submit(UdsRequest&& request, std::shared_ptr<UdsClient> client);
-    // Of a thing that is gone when its time comes nothing is left.
-    void schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed);
+    // Of a thing that is gone when its time comes nothing is left. False when the channel is closed, or there is no thread
+    // to be had: then it is never called.
+    bool schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed);
 
 private:
     const std::shared_ptr<UdsTraffic> traffic_;
-    // Guards thread_.
-    std::mutex threadLock_;
-    std::thread thread_;
 };
 
 }  // namespace velkotx::host

@@ -19,18 +19,14 @@ UdsTraffic::Possession::~Possession() {
 void UdsTraffic::Possession::release(const UdsExchange& exchange, bool broken) { giveBack(&exchange, broken); }
 void UdsTraffic::Possession::release(bool broken) { giveBack(nullptr, broken); }
 
-bool UdsTraffic::Possession::handOver(UdsExchange&& exchange) {
+bool UdsTraffic::Possession::handOver(UdsExchange& exchange) {
     {
         const std::lock_guard guard(traffic_.trafficLock_);
-        if (traffic_.state_ != UdsChannel::State::Closed) {
-            traffic_.user_ = User::Thread;
-            traffic_.resumed_ = std::move(exchange);
-            held_ = false;
-        }
-    }
-    if (held_) {
-        giveBack(nullptr, false);
-        return false;
+        if (!traffic_.ensureThread())
+            return false;
+        traffic_.user_ = User::Thread;
+        traffic_.resumed_ = std::move(exchange);
+        held_ = false;
     }
     traffic_.burstOver_.notify_all();
     traffic_.threadWanted_.notify_all();

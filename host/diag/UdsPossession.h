@@ -20,9 +20,9 @@ public:
     // The exchange has ended; a broken link takes the channel down.
     void release(const UdsExchange& exchange, bool broken);
     void release(bool broken);
-    // Leaves the link and the exchange to the channel's thread; false when the channel is closed, and the link is given
-    // back.
-    bool handOver(UdsExchange&& exchange);
+    // Leaves the link and the exchange to the channel's thread; false when the channel is closed or there is no thread to
+    // be had, and both stay here.
+    bool handOver(UdsExchange& exchange);
 
 private:
     void giveBack(const UdsExchange* exchange, bool broken);

@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <exception>
+#include <system_error>
 #include <utility>
 
 namespace velkotx::host {
@@ -17,6 +18,23 @@ namespace {
 constexpr Clock::Duration longestRest = std::chrono::hours(1);
 
 }  // namespace
+
+bool UdsTraffic::ensureThread() {
+    if (state_ == UdsChannel::State::Closed)
+        return false;
+    try {
+        if (!thread_.joinable())
+            thread_ = std::thread([self = shared_from_this()] { self->work(); });
+    } catch (const std::system_error&) {
+        return false;
+    }
+    return true;
+}
+
+std::thread UdsTraffic::takeThread() {
+    const std::lock_guard guard(trafficLock_);
+    return std::move(thread_);
+}
 
 void UdsTraffic::work() {
     for (;;) {
@@ -63,8 +81,10 @@ bool UdsTraffic::serveTimed(Lock& lock, Clock::Time now) {
     timed_.erase(due);
     lock.unlock();
     if (const auto what = weak.lock()) {
-        if (const auto next = what->due(now))
-            schedule(*next, weak);
+        if (const auto next = what->due(now)) {
+            const std::lock_guard guard(trafficLock_);
+            timed_.push_back({*next, weak});
+        }
     }
     return true;
 }
@@ -80,13 +100,16 @@ void UdsTraffic::tellOfEnd(Lock& lock, Clock::Time now) {
     }
 }
 
-void UdsTraffic::schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed) {
+bool UdsTraffic::schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed) {
     {
         const std::lock_guard guard(trafficLock_);
+        if (!ensureThread())
+            return false;
         timed_.push_back({time, std::move(timed)});
         timesChanged_ = true;
     }
     threadWanted_.notify_all();
+    return true;
 }
 
 bool UdsTraffic::keepsAlive() const {

@@ -75,6 +75,8 @@ void UdsTraffic::setTiming(const UdsTiming& timing) {
         const std::lock_guard guard(trafficLock_);
         timing_ = timing;
         timesChanged_ = true;
+        if (keepsAlive())
+            ensureThread();
     }
     threadWanted_.notify_all();
 }
@@ -105,9 +107,10 @@ bool UdsTraffic::submit(UdsExchange&& exchange) {
     }
     Possession link(*this, lock, User::Burst);
     if (!run(exchange, link, false, UdsExchange::Patience::Poll)) {
-        if (link.handOver(std::move(exchange)))
+        if (link.handOver(exchange))
             return false;
-        exchange.end(UdsOutcome::End::Closed);
+        // Of a closed channel the link ends the wait at once. Where there is no thread to be had, whoever submits waits.
+        run(exchange, link, true, UdsExchange::Patience::Wait);
     }
     exchange.report();
     return true;
@@ -152,7 +155,8 @@ void UdsTraffic::release(Lock& lock, const UdsExchange* exchange, Clock::Time no
         session_.forget();
         waiting.swap(queue_);
     }
-    const bool threadWanted = keepsAlive() && !keptAlive;
+    // Asked each time, since there may have been no thread to be had the last time.
+    const bool threadWanted = keepsAlive() && ensureThread() && !keptAlive;
     timesChanged_ = timesChanged_ || threadWanted;
     lock.unlock();
     burstOver_.notify_all();

@@ -7,14 +7,16 @@
 
 #include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <optional>
+#include <thread>
 #include <vector>
 
 namespace velkotx::host {
 
 // Shared by a channel and its thread. No lock is held while the link, the clock's now(), a client or a trace is called.
-class UdsTraffic {
+class UdsTraffic : public std::enable_shared_from_this<UdsTraffic> {
 public:
     UdsTraffic(std::shared_ptr<Transport> transport, std::string name, std::shared_ptr<PduTrace> trace);
 
@@ -27,9 +29,9 @@ public:
 
     void setTiming(const UdsTiming& timing);
     bool submit(UdsExchange&& exchange);
-    void schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed);
-    // The thread's life: returns when the channel is closed.
-    void work();
+    bool schedule(Clock::Time time, std::weak_ptr<UdsTimed> timed);
+    // Of a closed channel, after which it gets no other one. May not be joinable.
+    std::thread takeThread();
 
 private:
     // Who has the link. A burst never waits for an answer, so whoever wants the link waits for its end; the channel's
@@ -47,6 +49,11 @@ private:
     bool run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience);
     static void refuse(std::deque<UdsExchange>&& exchanges, UdsOutcome::End end);
 
+    // True when the channel has a thread, which begins when it is wanted first: most channels that open and close in
+    // no time never want one. False when the channel is closed, or there is no thread to be had. Under the lock.
+    bool ensureThread();
+    // The thread's life: returns when the channel is closed.
+    void work();
     bool resume(Lock& lock);
     bool serveQueue(Lock& lock);
     bool serveTimed(Lock& lock, Clock::Time now);
@@ -66,6 +73,7 @@ private:
     std::condition_variable burstOver_;
     UdsChannel::State state_ = UdsChannel::State::Created;
     std::shared_ptr<Link> link_;
+    std::thread thread_;
     UdsTiming timing_;
     UdsSession session_;
     User user_ = User::Nobody;

@@ -81,8 +81,8 @@ protected:
     // Moves the time, and waits until the channel's thread has seen that.
     void pass(Clock::Duration time) {
         const auto timed = std::make_shared<Timed>();
+        EXPECT_TRUE(channel->schedule(network->clock.now() + time, timed));
         network->clock.awaitWaiting(1);
-        channel->schedule(network->clock.now() + time, timed);
         network->clock.advance(time);
         timed->await(1);
         network->clock.awaitWaiting(1);
@@ -290,6 +290,35 @@ TEST_F(DiagUdsChannel, TesterPresentCanBeTurnedOff) {
     channel->setTiming(timing);
     pass(1s);
     EXPECT_GE(network->sent().size(), 2u);
+}
+
+// Nothing but the session asks for the thread here.
+TEST_F(DiagUdsChannel, ASessionBringsTheThreadThatKeepsItAlive) {
+    answer({{{0x50, 0x03}}});
+    execute({0x10, 0x03});
+    network->clock.awaitWaiting(1);
+    network->clock.advance(2s);
+    network->awaitSent(2);
+    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
+}
+
+TEST_F(DiagUdsChannel, TesterPresentThatIsTurnedOnBringsTheThread) {
+    UdsTiming timing;
+    timing.testerPresent = 0ms;
+    channel->setTiming(timing);
+    answer({{{0x50, 0x03}}});
+    execute({0x10, 0x03});
+    EXPECT_FALSE(network->clock.advanceToNextWait());
+    timing.testerPresent = 1s;
+    channel->setTiming(timing);
+    network->clock.awaitWaiting(1);
+    network->clock.advance(1s);
+    network->awaitSent(2);
+}
+
+TEST_F(DiagUdsChannel, NothingIsScheduledOnAClosedChannel) {
+    channel->close();
+    EXPECT_FALSE(channel->schedule(network->clock.now(), std::make_shared<Timed>()));
 }
 
 TEST_F(DiagUdsChannel, SuppressedSessionChangeCounts) {

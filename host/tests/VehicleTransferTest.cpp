@@ -114,6 +114,28 @@ TEST(VehicleTransfer, IsCheckedByARoutine) {
                       {"31 03 02 02", "71 03 02 02 00"}});
 }
 
+// Bit by bit, as the standard tells it.
+std::uint32_t slowCrc(const Bytes& of) {
+    std::uint32_t value = 0xFFFFFFFFU;
+    for (const std::uint8_t byte : of) {
+        value ^= byte;
+        for (int bit = 0; bit < 8; ++bit)
+            value = (value & 1U) != 0 ? 0xEDB88320U ^ (value >> 1U) : value >> 1U;
+    }
+    return ~value;
+}
+
+TEST(VehicleTransfer, CrcIsTheSameHoweverTheDataIsCut) {
+    Bytes data;
+    for (unsigned index = 0; index < 61; ++index)
+        data.push_back(static_cast<std::uint8_t>(index * index * 37 + 11));
+    const std::uint32_t whole = slowCrc(data);
+    for (std::size_t cut = 0; cut <= data.size(); ++cut) {
+        const std::span<const std::uint8_t> all(data);
+        EXPECT_EQ(crc32(all.subspan(cut), crc32(all.first(cut))), whole) << cut;
+    }
+}
+
 TEST(VehicleTransfer, TakesItsTime) {
     VehicleBench bench(replaced(replaced(benchText(), "\"maxBlockLength\": 10", "\"maxBlockLength\": 10, \"blockTime\": 20"),
                                 "\"fill\": 0, \"download\"", "\"fill\": 255, \"download\""));

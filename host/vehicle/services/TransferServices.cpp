@@ -67,8 +67,8 @@ ResponseCode store(Exchange& exchange, std::span<const std::uint8_t> data) {
         return ResponseCode::TransferDataSuspended;
     const auto target = transfer.memory->bytes.begin() + static_cast<std::ptrdiff_t>(transfer.offset);
     const auto size = static_cast<std::ptrdiff_t>(data.size());
-    const bool isErased = std::all_of(target, target + size, [](std::uint8_t byte) { return byte == 0xFF; });
-    if (transfer.memory->description->needsErase && !isErased)
+    const auto isWritten = [](std::uint8_t byte) { return byte != 0xFF; };
+    if (transfer.memory->description->needsErase && std::any_of(target, target + size, isWritten))
         return ResponseCode::GeneralProgrammingFailure;
     std::copy(data.begin(), data.end(), target);
     exchange.state.downloadCrc = crc32(data, exchange.state.downloadCrc);
