@@ -2,7 +2,7 @@
 #include "program/Options.h"
 
 #include "program/ExitStatus.h"
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <velkotx/Sequencer.h>
 
@@ -120,6 +120,11 @@ void addRun(CLI::App& program, RunOptions& options) {
     run.add_flag("--start-stopped", options.startStopped, "Stop at the first node; needs --control or --answers");
     addFile(run, "--control", options.controlFile, "Do what the lines of this file say, one JSON object each");
     addFile(run, "--answers", options.answersFile, "Answer messages by the rules of this file, a JSON array");
+    run.add_option("--unattended", options.unattended,
+                   "What becomes of dialogs, without asking anybody: fail cancels the run, default takes their "
+                   "defaults. Off a terminal it is fail")
+        ->type_name("fail|default")
+        ->check(CLI::IsMember({"fail", "default"}).description(""));
     run.footer(runFooter);
 }
 

@@ -36,4 +36,15 @@ bool AnswerMatcher::canResume() const {
     });
 }
 
+bool AnswerMatcher::canClose(const std::string& screen) const {
+    const std::lock_guard guard(rulesLock_);
+    return std::ranges::any_of(rules_, [&](const Counted& counted) {
+        const AnswerRule& rule = counted.rule;
+        // The screen that is open isn't opened once more.
+        const bool isForOpening = rule.on == "start" || (rule.on == "HMI-OpenScreen" && rule.screen.value_or(screen) == screen);
+        return !counted.isUsedUp() && !isForOpening &&
+               std::ranges::any_of(rule.send, [&](const HostCommand& command) { return closes(command, screen); });
+    });
+}
+
 }  // namespace velkotx::host

@@ -21,6 +21,8 @@ public:
 
     // Whether a rule that isn't used up could resume a stopped flow.
     bool canResume() const;
+    // Whether a rule that isn't used up could close an open screen, or cancel the run.
+    bool canClose(const std::string& screen) const;
 
 private:
     struct Counted {
