@@ -1,10 +1,12 @@
 // Cancelling a whole run.
 #include <OTXContext/OtxContext.h>
 #include <OTXHMIIF/HMI.h>
+#include <Unwind.h>
 #include <otx/event/COtxEventSource.h>
 #include <otx/event/IEventSource.h>
 
 #include <algorithm>
+#include <exception>
 #include <stdexcept>
 
 namespace otxns {
@@ -13,12 +15,20 @@ namespace otxns {
 // before the event sources are closed. This is meant.
 void OtxContext::CancelAll() {
     markCancelled();
-    if (hmi != nullptr) hmi->closeAll();
+    std::exception_ptr hostFailure;
+    try {
+        if (hmi != nullptr) hmi->closeAll();
+    }
+    OTX_PASS_FORCED_UNWIND
+    catch (...) {
+        hostFailure = std::current_exception();
+    }
     const auto thread = firstFlow();
     COtxEventSource::CloseAll(thread);
     COtxEventSource::ThreadGroup().RemoveRoot(thread);
     // Those that were made elsewhere, such as on a thread of the host.
     for (const COtxValue& source : waitedFor()) source.EventSource().Close();
+    if (hostFailure != nullptr) std::rethrow_exception(hostFailure);
 }
 
 std::vector<COtxValue> OtxContext::waitedFor() {

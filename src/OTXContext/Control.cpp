@@ -51,7 +51,7 @@ OtxContext::Target::Target(const std::map<std::thread::id, OtxFlow>& flows, cons
 }
 
 COtxValue OtxContext::Control(int number, const COtxValue& params) {
-    const std::lock_guard guard(flowLock);
+    std::unique_lock guard(flowLock);
     const Target target(flows, params);
     switch (number) {
         case stopCommand:
@@ -67,6 +67,8 @@ COtxValue OtxContext::Control(int number, const COtxValue& params) {
             clearBreakpoints(params);
             break;
         case cancelCommand:
+            // The host is told of closing screens, and waited for, with no lock that its answers may need.
+            guard.unlock();
             CancelAll();
             break;
         case statusCommand:

@@ -21,7 +21,7 @@ auto& required(const Pointer& object, const char* failure) {
 
 void OtxContext::SetHost(std::weak_ptr<velkotx::HostEventSink> sink) {
     host = std::move(sink);
-    hmi = std::make_unique<OTX::HMI>(host);
+    hmi = std::make_unique<OTX::HMI>(*this, host);
     hostService = std::make_shared<ExternalServiceProvider::HostServiceInterface>(host);
 }
 

@@ -27,7 +27,9 @@ OtxContext::OtxContext() : serial_(nextSerial()) {
     procedures = tables.back().get();
 }
 
-OtxContext::~OtxContext() = default;
+OtxContext::~OtxContext() {
+    hmi.reset();  // its threads use what else is here
+}
 
 void OtxContext::PrepareRun(const std::shared_ptr<Otx>& document) {
     addProcedures(document);
