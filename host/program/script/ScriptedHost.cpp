@@ -48,13 +48,15 @@ ScriptedHost::~ScriptedHost() {
 }
 
 void ScriptedHost::start() {
-    sender_ = std::make_unique<SenderThread>(port_, [this] { whenIdle(); });
+    sender_ = std::make_unique<SenderThread>(port_, [this] { answers_.sent(); }, [this] { whenIdle(); });
     if (const AnswerRule* rule = answers_.fire("start", {})) {
-        if (rule->delay.count() == 0)
+        if (rule->delay.count() == 0) {
             for (const HostCommand& command : rule->send)
                 port_.send(command);
-        else
+            answers_.sent();
+        } else {
             sender_->put(rule->send, rule->delay);
+        }
     }
     if (lines_ != nullptr) {
         control_ = std::make_unique<ControlThread>(*lines_, messageTypes_, port_, [this] {
@@ -74,12 +76,13 @@ void ScriptedHost::sendRequest(const COtxValue& message) {
     const std::optional<std::string> eventType = textOf(message, "eventType");
     if (!eventType)
         return;
+    // Ahead of all that counts what is open and stopped: its answer is under way by then.
+    const AnswerRule* const rule = ruleFor(*eventType, textOf(message, "screenName"));
     const bool isStop = *eventType == stopEvent;
     if (isStop) {
         const COtxValue status = OTX::GetParameter(message, "status", OTX::ValueType::Map);
         port_.noteStop(OTX::GetParameter(status, "id", OTX::ValueType::Integer).Int());
     }
-    const AnswerRule* const rule = ruleFor(*eventType, textOf(message, "screenName"));
     tellOperator(message, rule != nullptr);  // ahead of those who may answer
     messageTypes_.note(*eventType);
     if (rule != nullptr)
@@ -127,6 +130,8 @@ void ScriptedHost::cancelIfAbandoned() {
     if (isCancelled_ || !controlHasEnded_ || !port_.someFlowIsStopped())
         return;
     if (answers_.canResume() && !port_.allFlowsAreStopped())
+        return;
+    if (answers_.someAreUnderWay())  // asked last: what stops a flow comes behind its answer
         return;
     isCancelled_ = true;
     port_.refuse("a flow is stopped and nobody is left to resume it: the run is cancelled");
