@@ -121,8 +121,7 @@ void addRun(CLI::App& program, RunOptions& options) {
     addFile(run, "--control", options.controlFile, "Do what the lines of this file say, one JSON object each");
     addFile(run, "--answers", options.answersFile, "Answer messages by the rules of this file, a JSON array");
     run.add_option("--unattended", options.unattended,
-                   "What becomes of dialogs, without asking anybody: fail cancels the run, default takes their "
-                   "defaults. Off a terminal it is fail")
+                   "Ask nobody: a dialog cancels the run (so it is off a terminal), or gets its default")
         ->type_name("fail|default")
         ->check(CLI::IsMember({"fail", "default"}).description(""));
     run.footer(runFooter);
