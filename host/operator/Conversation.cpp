@@ -79,6 +79,7 @@ void Conversation::close(const std::string& screen, const std::string& why) {
 }
 
 void Conversation::settle() {
+    dropGone();
     for (Viewed& viewed : screens_) {
         if (viewed.shown != Viewed::Shown::not_yet)
             continue;
@@ -96,6 +97,15 @@ void Conversation::settle() {
     terminal_ << (dialogs_.empty() ? oneLine(current().view.name()) + "> " : dialogs_.front().dialog->prompt())
               << std::flush;
     isAtPrompt_ = true;
+}
+
+// What is about to be shown for the first time.
+void Conversation::dropGone() {
+    std::erase_if(screens_, [&](const Viewed& viewed) {
+        return viewed.shown == Viewed::Shown::not_yet && !port_.isOpen(viewed.view.name());
+    });
+    while (!dialogs_.empty() && !dialogs_.front().isShown && !port_.isOpen(dialogs_.front().dialog->name()))
+        dialogs_.pop_front();
 }
 
 void Conversation::finish() {
@@ -142,7 +152,7 @@ void Conversation::conclude(const std::optional<COtxValue>& result) {
     const std::unique_ptr<Dialog> dialog = std::move(dialogs_.front().dialog);
     dialogs_.pop_front();
     if (result) {
-        const auto refusal = port_.sendEvent(outValueChanged(dialog->name(), "result", *result));
+        const auto refusal = port_.sendEvent(outValuesChanged(dialog->name(), {{"result", *result}}));
         if (!dialog->mayGoUnheard() || refusal != "Unknown variable: result")
             sayRefusal(refusal);
     }

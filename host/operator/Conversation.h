@@ -60,6 +60,7 @@ private:
     // `why` follows the name.
     void close(const std::string& screen, const std::string& why);
 
+    void dropGone();
     void conclude(const std::optional<COtxValue>& result);
 
     // Commands for the current screen.

@@ -10,8 +10,9 @@
 namespace velkotx::host {
 
 std::vector<std::string> Dialog::lines() const {
-    const COtxValue* const title = find("title");
-    std::vector<std::string> lines{"-- " + heading() + (title != nullptr ? ": " + lineOf(*title) : "") + " --"};
+    const COtxValue* const found = find("title");
+    const std::string title = found != nullptr ? lineOf(*found) : "";
+    std::vector<std::string> lines{"-- " + heading() + (title.empty() ? "" : ": " + title) + " --"};
     append(lines, "message");
     describe(lines);
     return lines;

@@ -18,6 +18,10 @@ public:
     virtual std::optional<std::string> sendEvent(const COtxValue& event) = 0;
     // As sendEvent.
     virtual std::optional<std::string> cancel() = 0;
+
+    // Whether the run has a screen of that name open now. One that was opened a second time, and has gone with the first,
+    // can't be told from a new one by its messages.
+    bool isOpen(const std::string& screen);
 };
 
 }  // namespace velkotx::host

@@ -59,7 +59,7 @@ void Conversation::setParameter(const std::string& nameAndValue) {
     ScreenView& view = current().view;
     try {
         const COtxValue value = valueLike(view.present(name), text.starts_with("= ") ? text.substr(2) : text);
-        const auto refusal = port_.sendEvent(outValueChanged(view.name(), name, value));
+        const auto refusal = port_.sendEvent(outValuesChanged(view.name(), {{name, value}}));
         sayRefusal(refusal);
         if (!refusal)
             view.change({{name, value}});  // nobody tells it back for a mere out parameter

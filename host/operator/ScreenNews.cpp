@@ -68,10 +68,10 @@ std::optional<std::string> screenClosedBy(const COtxValue& event) {
     return {};
 }
 
-COtxValue outValueChanged(const std::string& screen, const std::string& parameter, const COtxValue& value) {
+COtxValue outValuesChanged(const std::string& screen, const std::map<const std::string, COtxValue>& values) {
     return COtxMap(Entries{{"eventType", COtxString("HMI-OutParameterValueChanged")},
                            {"screenName", COtxString(screen)},
-                           {"parameters", COtxMap(Entries{{parameter, value}})}});
+                           {"parameters", COtxMap(values)}});
 }
 
 COtxValue screenClosed(const std::string& screen) {

@@ -34,7 +34,7 @@ std::optional<ScreenNews> readNews(const COtxValue& message);
 std::optional<std::string> screenClosedBy(const COtxValue& event);
 
 // The events that an operator has for the run.
-COtxValue outValueChanged(const std::string& screen, const std::string& parameter, const COtxValue& value);
+COtxValue outValuesChanged(const std::string& screen, const std::map<const std::string, COtxValue>& values);
 COtxValue screenClosed(const std::string& screen);
 
 }  // namespace velkotx::host

@@ -11,11 +11,12 @@
 namespace velkotx::host {
 
 void Unattended::take(const ScreenNews& news) {
-    if (news.kind != ScreenNews::Kind::opened)
+    const bool isHandled = mode_ == WithoutOperator::defaults || news.modal;
+    if (news.kind != ScreenNews::Kind::opened || !isHandled || !port_.isOpen(news.screen))
         return;
     if (mode_ == WithoutOperator::defaults)
         takeDefault(news);
-    else if (news.modal)
+    else
         fail(news);
 }
 
@@ -33,7 +34,7 @@ void Unattended::takeDefault(const ScreenNews& opening) {
     const std::optional<COtxValue> answer = dialog != nullptr ? dialog->preset() : std::nullopt;
     std::string done = "closed without an answer";
     if (answer) {
-        const auto refusal = port_.sendEvent(outValueChanged(opening.screen, "result", *answer));
+        const auto refusal = port_.sendEvent(outValuesChanged(opening.screen, {{"result", *answer}}));
         done = refusal ? "the default was refused: " + oneLine(*refusal) : "answered with its default, " + lineOf(*answer);
     } else if (dialog == nullptr) {
         done = "closed";

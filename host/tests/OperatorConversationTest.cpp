@@ -134,6 +134,16 @@ TEST_F(OperatorConversation, ASecondDialogOfTheNameEndsWithTheFirst) {
     EXPECT_EQ(conversation_.asks(), 0U);
 }
 
+TEST_F(OperatorConversation, WhatHasGoneWithAnEarlierOneIsNotShown) {
+    port_.forget("ConfirmDialog");
+    port_.forget("Monitor");
+    conversation_.take(news(question("One")));
+    conversation_.take(news(open("InputDialog", true, "{}")));
+    EXPECT_EQ(take(open("Monitor", false, "{}")), "-- Input --\nText: ");
+    EXPECT_EQ(type("x"), "");
+    EXPECT_EQ(conversation_.asks(), 0U);
+}
+
 TEST_F(OperatorConversation, ShowsAScreenAndItsChanges) {
     EXPECT_EQ(take(open("Monitor", false, R"({"voltage":3.5,"name":"Torvik"})")),
               "-- Screen: Monitor --\nname = Torvik\nvoltage = 3.5\nMonitor> ");

@@ -29,13 +29,20 @@ inline std::string jsonOf(const COtxValue& value) {
     return json.String();
 }
 
-// A line for each thing that is done to the run. Refuses events as it is told, by their text.
+// A line for each thing that is done to the run; the question whether a screen is open is none. Refuses events as it is
+// told, by their text.
 class FakePort : public velkotx::host::RunPort {
 public:
     std::map<std::string, std::string> refusals;
 
     std::optional<std::string> sendEvent(const COtxValue& event) override { return note(jsonOf(event)); }
     std::optional<std::string> cancel() override { return note("cancel"); }
+
+    // No screen of that name is open for the run.
+    void forget(const std::string& screen) {
+        refusals[R"({"eventType":"HMI-OutParameterValueChanged","parameters":{},"screenName":")" + screen + "\"}"] =
+            "Unknown screen: " + screen;
+    }
 
     // What was done since the last call.
     std::string take() {
@@ -53,7 +60,8 @@ public:
 private:
     std::optional<std::string> note(const std::string& what) {
         const std::lock_guard guard(doneLock_);
-        done_ += what + '\n';
+        if (what.find("\"parameters\":{}") == std::string::npos)
+            done_ += what + '\n';
         changed_.notify_all();
         const auto refusal = refusals.find(what);
         return refusal != refusals.end() ? std::optional(refusal->second) : std::nullopt;

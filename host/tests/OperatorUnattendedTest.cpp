@@ -74,6 +74,12 @@ TEST_F(OperatorUnattended, DefaultSaysWhatIsRefused) {
               "InputDialog: nobody is there, the default was refused: Unknown screen: InputDialog\n");
 }
 
+TEST_F(OperatorUnattended, WhatHasGoneNeedsNothing) {
+    port_.forget("ConfirmDialog");
+    EXPECT_EQ(take(WithoutOperator::fail, "ConfirmDialog", "{}") + take(WithoutOperator::defaults, "ConfirmDialog", "{}"), "");
+    EXPECT_EQ(port_.take(), "");
+}
+
 TEST_F(OperatorUnattended, OtherNewsAreNothing) {
     Unattended nobody(WithoutOperator::fail, port_, err_);
     nobody.take(news(R"({"eventType":"HMI-CloseScreen","screenName":"M"})"));
