@@ -19,6 +19,8 @@ public:
     virtual void settle() {}
     // The run is over.
     virtual void finish() {}
+    // Whether the run was cancelled because nobody was there.
+    virtual bool hasFailed() const { return false; }
 
     // Of somebody who types.
 

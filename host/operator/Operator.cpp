@@ -36,6 +36,10 @@ void Operator::finish() {
     thread_.join();
 }
 
+bool Operator::hasFailed() const {
+    return attendant_->hasFailed();
+}
+
 void Operator::sendRequest(const COtxValue& message) {
     if (auto news = readNews(message))
         tell(std::move(*news));

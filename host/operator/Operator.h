@@ -29,6 +29,8 @@ public:
     // Ahead of the run and behind it, on the run's thread.
     void start();
     void finish();
+    // Behind finish: whether the run was cancelled because nobody was there to answer.
+    bool hasFailed() const;
 
     // Pays heed to what is about screens only.
     void sendRequest(const COtxValue& message) override;

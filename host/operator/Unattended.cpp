@@ -25,8 +25,8 @@ void Unattended::fail(const ScreenNews& opening) {
     for (const auto& [name, value] : opening.parameters)
         lines += "  " + oneLine(name) + " = " + lineOf(value) + '\n';
     err_ << lines << std::flush;
-    if (const auto refusal = port_.cancel())
-        err_ << oneLine(opening.screen) + ": the run can't be cancelled: " + oneLine(*refusal) + '\n' << std::flush;
+    hasFailed_ = true;
+    port_.cancel();  // refused by a run that came to its end meanwhile
 }
 
 void Unattended::takeDefault(const ScreenNews& opening) {

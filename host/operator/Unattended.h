@@ -21,6 +21,7 @@ public:
     Unattended(WithoutOperator mode, RunPort& port, std::ostream& err) : mode_(mode), port_(port), err_(err) {}
 
     void take(const ScreenNews& news) override;
+    bool hasFailed() const override { return hasFailed_; }
 
 private:
     void fail(const ScreenNews& opening);
@@ -29,6 +30,7 @@ private:
     const WithoutOperator mode_;
     RunPort& port_;
     std::ostream& err_;
+    bool hasFailed_ = false;
 };
 
 }  // namespace velkotx::host

@@ -68,6 +68,9 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
     host.finish();
     theOperator.finish();
+    // A run that is cancelled in its last statement comes to its end all the same.
+    if (theOperator.hasFailed() && outcome.kind == Outcome::Kind::finished)
+        return {Outcome::Kind::cancelled, COtxValue(), "cancelled", {}};
     return outcome;
 }
 

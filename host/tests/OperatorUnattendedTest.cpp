@@ -32,10 +32,14 @@ TEST_F(OperatorUnattended, FailNamesTheDialogAndItsTexts) {
     EXPECT_EQ(port_.take(), "cancel\n");
 }
 
-TEST_F(OperatorUnattended, FailSaysThatItCanNotCancel) {
-    port_.refusals["cancel"] = "Invalid thread id: 0";
-    EXPECT_EQ(take(WithoutOperator::fail, "M", "{}"),
-              "M: nobody is there to answer, the run is cancelled\nM: the run can't be cancelled: Invalid thread id: 0\n");
+TEST_F(OperatorUnattended, KnowsWhetherItHasFailed) {
+    Unattended nobody(WithoutOperator::fail, port_, err_);
+    nobody.take(news(R"({"eventType":"HMI-OpenScreen","screenName":"M","modal":false})"));
+    EXPECT_FALSE(nobody.hasFailed());
+    port_.refusals["cancel"] = "Invalid thread id: 0";  // the run has just ended
+    nobody.take(news(R"({"eventType":"HMI-OpenScreen","screenName":"M","modal":true})"));
+    EXPECT_TRUE(nobody.hasFailed());
+    EXPECT_EQ(err_.str(), "M: nobody is there to answer, the run is cancelled\n");
 }
 
 TEST_F(OperatorUnattended, FailLeavesScreensThatHoldNobody) {

@@ -160,23 +160,9 @@ def screens(_):
     )
 
 
-def lanes(count):
-    """Two lanes with that many dialogs each, of the same kind."""
-    def lane(name):
-        loop = (
-            f'<loop id="l{name}"><realisation xsi:type="ForLoop"><counter xsi:type="IntegerVariable" name="i{name}"/>'
-            f'<start xsi:type="IntegerLiteral" value="1"/><end xsi:type="IntegerLiteral" value="{count}"/>'
-            f"<flow>{confirm(f'c{name}', f'Lane {name}', result=f'sure{name}')}</flow></realisation></loop>"
-        )
-        return f"<lane id=\"f{name}\"><flow>{loop}</flow></lane>"
-
-    names = ("A", "B")
-    flow = f'<parallel id="p1"><realisation>{"".join(lane(name) for name in names)}</realisation></parallel>'
-    return operator_procedure(
-        flow,
-        [],
-        "".join(variable(f"i{name}", "Integer") + variable(f"sure{name}", "hmi:ConfirmationType") for name in names),
-    )
+def last_dialog(_):
+    """Nothing comes behind the dialog."""
+    return operator_procedure(confirm("a1", "Last"), [("sure", "hmi:ConfirmationType")])
 
 
 def closing(_):
@@ -196,7 +182,7 @@ GENERATORS = {
     "dialogs": dialogs,
     "screens": screens,
     "closing": closing,
-    "lanes": lanes,
+    "last-dialog": last_dialog,
     "nested": nested,
     "attributes": attributes,
     "expansion": expansion,
