@@ -2,6 +2,7 @@
 #include "FakeSequencer.h"
 #include "OperatorFakes.h"
 #include "objects/SilentEventSink.h"
+#include "operator/Attendant.h"
 #include "operator/Operator.h"
 #include "operator/Unattended.h"
 #include "program/Inputs.h"
@@ -14,6 +15,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 namespace {
@@ -147,6 +149,54 @@ TEST_F(OperatorScript, ASecondOpeningEndsWithTheOneThatIsHeldBack) {
     scripted_.await(closedEvent("InputDialog"));
     end();
     EXPECT_EQ(unattended_.take(), "");
+}
+
+// Tells what it hears, as a line of words.
+class Listener : public Attendant {
+public:
+    explicit Listener(std::string& heard) : heard_(heard) {}
+    void take(const ScreenNews& news) override {
+        static const std::map<ScreenNews::Kind, std::string> words{
+            {ScreenNews::Kind::opened, "opened"},           {ScreenNews::Kind::changed, "changed"},
+            {ScreenNews::Kind::highlighted, "highlighted"}, {ScreenNews::Kind::closed, "closed"},
+            {ScreenNews::Kind::settled, "settled"},         {ScreenNews::Kind::cancelled, "cancelled"}};
+        heard_ += words.at(news.kind) + ' ' + news.screen + '\n';
+    }
+
+private:
+    std::string& heard_;
+};
+
+TEST(OperatorBehindAScript, HearsOfWhatTheScriptDoesAheadOfTheDeed) {
+    std::string heard;
+    const auto theOperator =
+        std::make_shared<Operator>(std::make_unique<Listener>(heard), std::make_unique<MemoryInput>(), nullptr);
+    FakeSequencer sequencer;
+    FakePort done;
+    std::ostringstream refused;
+    const std::shared_ptr<ScriptedHost>* host = nullptr;
+    sequencer.sendEvent = [&](const COtxValue& event) {
+        (*host)->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-HighlightScreen","screenName":"B"})"));
+        done.sendEvent(event);
+    };
+    sequencer.control = [&](const std::string&) {
+        (*host)->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-CloseScreen","screenName":"B"})"));
+        done.cancel();
+        return COtxValue();
+    };
+    std::istringstream rules(R"([{"on":"a","send":[{"eventType":"HMI-ScreenClosed","screenName":"A"},
+        {"eventType":"HMI-Other","screenName":"A"},{"control":"cancel"}]}])");
+    Inputs inputs(rules);
+    const auto made = std::make_shared<ScriptedHost>(sequencer, std::make_shared<SilentEventSink>(),
+                                                     readAnswers(inputs, "-"), nullptr, refused, theOperator);
+    host = &made;
+    made->start();
+    made->sendRequest(OTX::FromJSON(R"({"eventType":"a"})"));
+    done.await("cancel");
+    made->finish();
+    theOperator->start();
+    theOperator->finish();
+    EXPECT_EQ(heard, "settled A\nhighlighted B\nhighlighted B\ncancelled \nclosed B\n");
 }
 
 }  // namespace
