@@ -2,8 +2,8 @@
 #include "program/DescriptionText.h"
 
 #include "program/JsonText.h"
-#include "program/OneLine.h"
 #include "program/Terminal.h"
+#include "text/OneLine.h"
 
 #include <velkotx/DocumentInfo.h>
 

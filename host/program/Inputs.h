@@ -28,6 +28,7 @@ public:
 
     // Standard input is read by someone else from here on. Throws UsageError if it was taken before.
     void takeStandardInput();
+    bool isStandardInputTaken() const { return standardInputTaken_; }
 
 private:
     std::istream& standardInput_;

@@ -4,6 +4,8 @@
 #include <otx/value/COtxMap.h>
 #include <velkotx/Sequencer.h>
 
+#include <utility>
+
 namespace velkotx::host {
 
 namespace {
@@ -13,11 +15,14 @@ constexpr int retryMilliseconds = 20;
 
 }  // namespace
 
-InterruptWatcher::InterruptWatcher(Sequencer& sequencer)
-    : sequencer_(sequencer), thread_([this](const InterruptThread& thread) { cancelRun(thread); }) {}
+InterruptWatcher::InterruptWatcher(Sequencer& sequencer, std::function<void()> cancelling)
+    : sequencer_(sequencer),
+      cancelling_(std::move(cancelling)),
+      thread_([this](const InterruptThread& thread) { cancelRun(thread); }) {}
 
 void InterruptWatcher::cancelRun(const InterruptThread& thread) const {
     thread.letThrough();
+    cancelling_();
     // A cancel that comes before the run's first node, or after its last, finds nothing to cancel and says so.
     while (!cancel() && !thread.over(retryMilliseconds)) {
     }

@@ -3,6 +3,8 @@
 
 #include "program/InterruptThread.h"
 
+#include <functional>
+
 namespace velkotx {
 class Sequencer;
 }
@@ -14,13 +16,15 @@ namespace velkotx::host {
 // is. The Sequencer has to outlive it.
 class InterruptWatcher {
 public:
-    explicit InterruptWatcher(Sequencer& sequencer);
+    // `cancelling` is called ahead of the cancellation, on that thread. It throws nothing.
+    explicit InterruptWatcher(Sequencer& sequencer, std::function<void()> cancelling = [] {});
 
 private:
     void cancelRun(const InterruptThread& thread) const;
     bool cancel() const;
 
     Sequencer& sequencer_;
+    const std::function<void()> cancelling_;
     const InterruptThread thread_;
 };
 

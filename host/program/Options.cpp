@@ -2,7 +2,7 @@
 #include "program/Options.h"
 
 #include "program/ExitStatus.h"
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <velkotx/Sequencer.h>
 
@@ -123,6 +123,10 @@ void addRun(CLI::App& program, RunOptions& options) {
     run.add_flag("--start-stopped", options.startStopped, "Stop at the first node; needs --control or --answers");
     addFile(run, "--control", options.controlFile, "Do what the lines of this file say, one JSON object each");
     addFile(run, "--answers", options.answersFile, "Answer messages by the rules of this file, a JSON array");
+    run.add_option("--unattended", options.unattended,
+                   "Ask nobody: a dialog cancels the run (so it is off a terminal), or gets its default")
+        ->type_name("fail|default")
+        ->check(CLI::IsMember({"fail", "default"}).description(""));
     run.footer(runFooter);
 }
 

@@ -32,6 +32,7 @@ struct RunOptions : SetUpOptions {
     bool startStopped = false;
     std::string controlFile;
     std::string answersFile;
+    std::string unattended;  // "fail" or "default"; empty where the user doesn't say
 };
 
 // velkotx debug FILE [PROCEDURE].

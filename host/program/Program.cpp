@@ -3,8 +3,8 @@
 
 #include "program/Commands.h"
 #include "program/ExitStatus.h"
-#include "program/OneLine.h"
 #include "program/UsageError.h"
+#include "text/OneLine.h"
 
 #include <exception>
 #include <ostream>

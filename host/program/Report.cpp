@@ -2,16 +2,16 @@
 #include "program/Report.h"
 
 #include "program/Inputs.h"
-#include "program/OneLine.h"
 #include "program/Place.h"
 #include "program/Terminal.h"
+#include "text/OneLine.h"
+#include "text/ValueText.h"
 
 #include <otx/value/IString.h>
 
 #include <exception>
 #include <map>
 #include <ostream>
-#include <sstream>
 
 namespace velkotx::host {
 
@@ -19,11 +19,8 @@ namespace {
 
 void printOutParameters(const COtxValue& parameters, std::ostream& out) {
     const Paint paint = Paint::forStandardOutput();
-    for (const auto& [name, value] : parameters.Map()) {
-        std::ostringstream text;
-        text << value;
-        out << paint.name(oneLine(name.String())) << " = " << oneLine(text.str()) << '\n';
-    }
+    for (const auto& [name, value] : parameters.Map())
+        out << paint.name(oneLine(name.String())) << " = " << lineOf(value) << '\n';
 }
 
 std::string inWords(const Outcome& outcome) {

@@ -1,11 +1,13 @@
 // velkotx run: a host of one run.
 #include "program/Commands.h"
 
+#include "operator/Operator.h"
 #include "program/Breakpoints.h"
 #include "program/Inputs.h"
 #include "program/InterruptWatcher.h"
 #include "program/Load.h"
 #include "program/Report.h"
+#include "program/RunOperator.h"
 #include "program/SetUp.h"
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
@@ -14,6 +16,7 @@
 #include <otx/log/CLog.h>
 #include <velkotx/Sequencer.h>
 
+#include <memory>
 #include <optional>
 
 namespace velkotx::host {
@@ -46,16 +49,28 @@ void setBreakpoints(Sequencer& sequencer, const std::vector<std::string>& ids) {
         sequencer.Control("setbp", breakpointParameters(ids));
 }
 
-Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp) {
-    const InterruptWatcher watcher(sequencer);
-    return runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+// A terminal without anything else to do there is for the operator, unless the user says otherwise.
+std::unique_ptr<RunOperator> makeOperator(Sequencer& sequencer, const RunOptions& options, const Inputs& inputs,
+                                          std::ostream& err) {
+    if (options.unattended.empty() && !inputs.isStandardInputTaken() && RunOperator::isPossible())
+        return RunOperator::atTerminal(sequencer, err);
+    const bool takesDefaults = options.unattended == "default";
+    return RunOperator::absent(sequencer, takesDefaults ? WithoutOperator::defaults : WithoutOperator::fail, err);
 }
 
-Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp, ScriptedHost& host) {
-    const InterruptWatcher watcher(sequencer);  // ahead of all other threads
+Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp, ScriptedHost& host,
+                 Operator& theOperator) {
+    const InterruptWatcher watcher(sequencer, [&] {  // ahead of all other threads
+        theOperator.tell({ScreenNews::Kind::cancelled, {}, false, {}});
+    });
+    theOperator.start();
     host.start();
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
     host.finish();
+    theOperator.finish();
+    // A run that is cancelled in its last statement comes to its end all the same.
+    if (theOperator.hasFailed() && outcome.kind == Outcome::Kind::finished)
+        return {Outcome::Kind::cancelled, COtxValue(), "cancelled", {}};
     return outcome;
 }
 
@@ -80,14 +95,12 @@ int run(const RunOptions& options, const Streams& streams) {
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
     setUp.apply(sequencer);
     setBreakpoints(sequencer, options.breakpoints);
-    if (!isScripted(options)) {
-        sequencer.SetHost(setUp.messages());
-        return report(runToEnd(sequencer, options, setUp), options.document, options.json, streams);
-    }
+    const auto runOperator = makeOperator(sequencer, options, inputs, streams.err);
     const auto host = std::make_shared<ScriptedHost>(sequencer, setUp.messages(), std::move(answers),
-                                                     lines ? &*lines : nullptr, streams.err);
+                                                     lines ? &*lines : nullptr, streams.err, runOperator->sink());
     sequencer.SetHost(host);
-    return report(runToEnd(sequencer, options, setUp, *host), options.document, options.json, streams);
+    const Outcome outcome = runToEnd(sequencer, options, setUp, *host, *runOperator->sink());
+    return report(outcome, options.document, options.json, streams);
 }
 
 }  // namespace velkotx::host

@@ -3,9 +3,9 @@
 
 #include "program/Inputs.h"
 #include "program/UsageError.h"
+#include "text/ValueText.h"
 
 #include <otx/value/COtxMap.h>
-#include <otx/value/COtxString.h>
 #include <otx/value/Functions.h>
 #include <otx/value/Json.h>
 
@@ -41,14 +41,6 @@ NamedValues namedValues(Inputs& inputs, const std::string& file) {
         throw UsageError(displayName(file) + ": " + error.what());
     } catch (const COtxValue& error) {
         throw UsageError(displayName(file) + ": " + error.what());
-    }
-}
-
-COtxValue valueOf(const std::string& text) {
-    try {
-        return OTX::FromJSON(text);
-    } catch (const COtxValue&) {
-        return COtxString(text);  // no JSON: the text itself
     }
 }
 

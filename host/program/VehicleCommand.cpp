@@ -3,8 +3,8 @@
 
 #include "program/ExitStatus.h"
 #include "program/Inputs.h"
-#include "program/OneLine.h"
 #include "program/VehicleFile.h"
+#include "text/OneLine.h"
 
 #include <ostream>
 

@@ -135,4 +135,30 @@ TEST(AnswerMatcher, KnowsWhetherARuleIsLeftThatResumes) {
     EXPECT_FALSE(AnswerMatcher(rules(R"([{"on":"start","times":0,"send":[{"control":"run"}]}])")).canResume());
 }
 
+TEST(AnswerMatcher, KnowsWhetherARuleIsLeftThatCloses) {
+    const std::string closing = R"("send":[{"eventType":"HMI-ScreenClosed","screenName":"A"}]}])";
+    for (const std::string& rule : {R"([{"on":"HMI-HighlightScreen",)" + closing,
+                                    R"([{"on":"HMI-OpenScreen","screen":"B",)" + closing,
+                                    std::string(R"([{"on":"FlowStopped","send":[{"control":"cancel"}]}])")})
+        EXPECT_TRUE(AnswerMatcher(rules(rule)).canClose("A")) << rule;
+    for (const std::string& rule : {R"([{"on":"HMI-OpenScreen","screen":"A",)" + closing,
+                                    R"([{"on":"HMI-OpenScreen",)" + closing, R"([{"on":"start",)" + closing,
+                                    std::string(R"([{"on":"FlowStopped","send":[{"control":"run"}]}])")})
+        EXPECT_FALSE(AnswerMatcher(rules(rule)).canClose("A")) << rule;
+    EXPECT_FALSE(AnswerMatcher(rules(R"([{"on":"FlowStopped",)" + closing)).canClose("B"));
+}
+
+TEST(AnswerMatcher, AnAnswerUnderWayMayClose) {
+    AnswerMatcher matcher(rules(R"([{"on":"a","send":[]}])"));
+    EXPECT_FALSE(matcher.someAreUnderWay());
+    matcher.fire("b", {});
+    EXPECT_FALSE(matcher.canClose("A"));
+    matcher.fire("a", {});
+    EXPECT_TRUE(matcher.canClose("A"));
+    EXPECT_TRUE(matcher.someAreUnderWay());
+    matcher.sent();
+    EXPECT_FALSE(matcher.canClose("A"));
+    EXPECT_FALSE(matcher.someAreUnderWay());
+}
+
 }  // namespace

@@ -49,6 +49,21 @@ private:
 
 using InterruptWatcherDeathTest = InterruptWatcherTest;
 
+TEST_F(InterruptWatcherTest, TellsAheadOfTheCancellation) {
+    FakeSequencer sequencer;
+    std::string done;
+    std::promise<void> cancelled;
+    sequencer.control = [&](const std::string& command) {
+        done += command;
+        cancelled.set_value();
+        return COtxValue();
+    };
+    const InterruptWatcher watcher(sequencer, [&] { done += "told, "; });
+    pressCtrlC();
+    cancelled.get_future().wait();
+    EXPECT_EQ(done, "told, cancel");
+}
+
 TEST_F(InterruptWatcherTest, CancelsOnce) {
     FakeSequencer sequencer;
     std::promise<std::string> cancelled;

@@ -1,5 +1,5 @@
 // Texts of documents on one line of a terminal.
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <gtest/gtest.h>
 

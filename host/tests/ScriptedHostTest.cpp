@@ -212,7 +212,7 @@ TEST(SenderThread, ADelayHoldsUpNobodyElse) {
         return std::vector<HostCommand>{ControlCommand{word, OTX::FromJSON("{}")}};
     };
     const auto never = command("never"), first = command("1"), second = command("2"), third = command("3");
-    std::optional<SenderThread> sender(std::in_place, port, [] {});
+    std::optional<SenderThread> sender(std::in_place, port, [] {}, [] {});
     sender->put(never, std::chrono::hours(24));
     sender->put(first, 0ms);
     sender->put(second, 0ms);
@@ -233,7 +233,7 @@ TEST(SenderThread, SendsWhenTheDelayIsOver) {
     std::ostringstream err;
     CommandPort port(sequencer, messages, err);
     const std::vector<HostCommand> command{ControlCommand{"late", OTX::FromJSON("{}")}};
-    SenderThread sender(port, [] {});
+    SenderThread sender(port, [] {}, [] {});
     const auto before = std::chrono::steady_clock::now();
     sender.put(command, 15ms);
     EXPECT_GE(sent.get_future().get() - before, 15ms);

@@ -65,7 +65,124 @@ def endless_term(_):
     return procedure("").replace("<flow></flow>", f"{declarations}<flow>{flow}</flow>")
 
 
+HMI = f'xmlns:hmi="{CORE}/HMI" xmlns:event="{CORE}/Event"'
+
+
+def string(name, text):
+    return f'<{name} xsi:type="StringLiteral" value="{text}"/>'
+
+
+def action(identity, content):
+    return f'<action id="{identity}">{content}</action>'
+
+
+def variable(name, type_name, content="", element="variable"):
+    data_type = f'<dataType xsi:type="{type_name}">{content}</dataType>'
+    return f'<{element} id="d-{name}" name="{name}"><realisation>{data_type}</realisation></{element}>'
+
+
+def operator_procedure(flow, outs, variables=""):
+    parameters = "".join(variable(*out, element="outParam") for out in outs)
+    declarations = f"<declarations>{variables}</declarations>" if variables else ""
+    return document(
+        f'<procedures><procedure id="p" name="main"><realisation><parameters>{parameters}</parameters>'
+        f"{declarations}<flow>{flow}</flow></realisation></procedure></procedures>"
+    ).replace(" id=", f" {HMI} id=", 1)
+
+
+def dialog(identity, kind, content):
+    """A dialog; its elements stand in the order of the standard, the title and the message first."""
+    return action(identity, f'<realisation xsi:type="hmi:{kind}">{content}</realisation>')
+
+
+def confirm(identity, title, kind="YESNO_QUESTION", result="sure"):
+    bound = f'<hmi:result xsi:type="hmi:ConfirmationTypeVariable" name="{result}"/>' if result else ""
+    message_type = f'<hmi:messageType xsi:type="hmi:MessageTypeLiteral" value="{kind}"/>'
+    return dialog(identity, "ConfirmDialog", string("hmi:title", title) + message_type + bound)
+
+
+def dialogs(_):
+    """One of each dialog."""
+    options = (
+        '<hmi:options xsi:type="ListLiteral"><itemType xsi:type="String"/><items>'
+        + "".join(string("item", axle) for axle in ("front", "rear"))
+        + "</items></hmi:options>"
+    )
+    flow = (
+        confirm("a1", "Ready", "INFO", None)
+        + confirm("a2", "Sure")
+        + dialog(
+            "a3",
+            "ChoiceDialog",
+            string("hmi:title", "Axle")
+            + string("hmi:message", "Which one?")
+            + options
+            + '<hmi:default xsi:type="IntegerLiteral" value="1"/>'
+            + '<hmi:result xsi:type="IntegerVariable" name="axle"/>',
+        )
+        + dialog(
+            "a4",
+            "InputDialog",
+            string("hmi:message", "The number")
+            + string("hmi:initialValue", "VB1")
+            + string("hmi:restriction", "V[A-Z][0-9]+")
+            + '<hmi:result xsi:type="StringVariable" name="number"/>',
+        )
+        + dialog("a5", "ShowDocumentDialog", string("hmi:document", "/manuals/brake.pdf"))
+    )
+    return operator_procedure(flow, [("sure", "hmi:ConfirmationType"), ("axle", "Integer"), ("number", "String")])
+
+
+def screens(_):
+    """A screen that stays, with a parameter that changes, and one that the run waits for."""
+    opening = (
+        '<realisation xsi:type="hmi:OpenScreen" screen="{0}"{1}><hmi:screenHandle name="{2}"/>'
+        "<hmi:arguments>{3}</hmi:arguments></realisation>"
+    )
+    bound = '<hmi:{0}Arg param="{1}"><hmi:variable xsi:type="IntegerVariable" name="{1}"/></hmi:{0}Arg>'
+    flow = (
+        action("a1", opening.format("Monitor", "", "monitor", bound.format("in", "count")))
+        + action(
+            "a2",
+            '<realisation xsi:type="Assignment"><result xsi:type="IntegerVariable" name="count"/>'
+            '<term xsi:type="IntegerLiteral" value="7"/></realisation>',
+        )
+        + action(
+            "a3",
+            opening.format("Settings", ' modal="true"', "settings", bound.format("inout", "limit") + bound.format("out", "axle")),
+        )
+        + action("a4", '<realisation xsi:type="hmi:CloseScreen"><hmi:screen name="monitor"/></realisation>')
+    )
+    return operator_procedure(
+        flow,
+        [("limit", "Integer", '<init value="5"/>'), ("axle", "Integer"), ("count", "Integer", '<init value="1"/>')],
+        variable("monitor", "hmi:Screen") + variable("settings", "hmi:Screen"),
+    )
+
+
+def last_dialog(_):
+    """Nothing comes behind the dialog."""
+    return operator_procedure(confirm("a1", "Last"), [("sure", "hmi:ConfirmationType")])
+
+
+def closing(_):
+    """Waits until somebody closes a screen that holds nobody."""
+    flow = action(
+        "a1",
+        '<realisation xsi:type="hmi:OpenScreen" screen="Monitor"><hmi:screenHandle name="monitor"/></realisation>',
+    ) + action(
+        "a2",
+        '<realisation xsi:type="event:WaitForEvent"><event:source xsi:type="hmi:ScreenClosedEventSource">'
+        '<hmi:screen xsi:type="hmi:ScreenValue" valueOf="monitor"/></event:source></realisation>',
+    )
+    return operator_procedure(flow, [], variable("monitor", "hmi:Screen"))
+
+
 GENERATORS = {
+    "dialogs": dialogs,
+    "screens": screens,
+    "closing": closing,
+    "last-dialog": last_dialog,
     "nested": nested,
     "attributes": attributes,
     "expansion": expansion,

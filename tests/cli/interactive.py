@@ -150,24 +150,25 @@ class Terminal(unittest.TestCase):
 
 
 class Session:
-    """A debugger that has a terminal of its own, on which it is talked to."""
+    """A program that has a terminal of its own, on which it is talked to: the debugger, if no other command is named."""
 
     PROMPT = "(velkotx) "
     CTRL_C = "\x03"
     CTRL_D = "\x04"
     UP = "\x1b[A"
 
-    def __init__(self, *words):
+    def __init__(self, *words, name="debug", output=None, hang_up=signal.SIG_DFL):
         self.outer, inner = pty.openpty()
 
         def take_terminal():
             fcntl.ioctl(inner, termios.TIOCSCTTY, 0)
             signal.signal(signal.SIGINT, signal.SIG_DFL)  # a background job's children ignore it
+            signal.signal(signal.SIGHUP, hang_up)
 
         self.process = subprocess.Popen(
-            command("debug", *words),
+            command(name, *words),
             stdin=inner,
-            stdout=inner,
+            stdout=output or inner,
             stderr=inner,
             env={"TERM": "xterm", "NO_COLOR": "1"},
             start_new_session=True,
@@ -217,13 +218,18 @@ class Session:
             pass
         return self.process.wait(), self.unread
 
+    def hang_up(self):
+        os.close(self.outer)
+        self.outer = None
+
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
-        os.close(self.outer)
+        if self.outer is not None:
+            os.close(self.outer)
 
 
 class Debugging(unittest.TestCase):
@@ -311,6 +317,123 @@ class Debugging(unittest.TestCase):
                 # The run doesn't come to a checkpoint, so that it can't be cancelled.
                 debugger.until_end(lambda: debugger.process.send_signal(signal.SIGINT))
                 self.assertEqual(debugger.process.returncode, -signal.SIGINT)
+
+
+class AskedOperator(unittest.TestCase):
+    """Screens and dialogs at a terminal."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def session(self, recipe, *words, **how):
+        document = self.folder / f"{recipe}.otx"
+        document.write_text(inputs.generate(recipe))
+        return Session(str(document), *words, name="run", **how)
+
+    def test_dialogs(self):
+        with self.session("dialogs") as operator:
+            self.assertIn("-- Information: Ready --", operator.wait_for("Enter goes on: "))
+            operator.say("\n")
+            self.assertIn("-- Question: Sure --", operator.wait_for("y yes, n no: "))
+            operator.say("perhaps\n")
+            self.assertIn("y or n is needed", operator.wait_for("y yes, n no: "))
+            operator.say("n\n")
+            shown = operator.wait_for("Number [2]: ")
+            self.assertIn("Which one?\r\n  1  front\r\n* 2  rear (default)\r\n", shown)
+            operator.say("1\n")
+            self.assertIn("The number\r\nHas to match: V[A-Z][0-9]+\r\n", operator.wait_for("Text [VB1]: "))
+            operator.say("VB12x\n")
+            self.assertIn("the text has to match V[A-Z][0-9]+", operator.wait_for("Text [VB1]: "))
+            operator.say("VB12\n")
+            self.assertIn("Document: /manuals/brake.pdf", operator.wait_for("Enter goes on: "))
+            operator.say("\n")
+            status, shown = operator.finish()
+        self.assertEqual(status, 0)
+        self.assertEqual(shown.split(), "axle = 0 number = VB12 sure = NO".split())
+
+    def test_ctrl_c_cancels_while_a_prompt_waits(self):
+        with self.session("dialogs") as operator:
+            operator.wait_for("Enter goes on: ")
+            operator.say(Session.CTRL_C)
+            status, shown = operator.finish()
+        self.assertEqual(status, 4)
+        self.assertIn("-- ConfirmDialog is gone: the run was cancelled\r\n", shown)
+
+    def test_ctrl_d_closes_without_an_answer(self):
+        with self.session("dialogs") as operator:
+            for prompt in ("Enter goes on: ", "y yes, n no: ", "Number [2]: ", "Text [VB1]: ", "Enter goes on: "):
+                operator.wait_for(prompt)
+                operator.say(Session.CTRL_D)
+            status, shown = operator.finish()
+        self.assertEqual(status, 0)
+        self.assertIn("axle = 0\r\nnumber = \r\nsure = YES\r\n", shown)
+
+    def test_screens(self):
+        with self.session("screens") as operator:
+            shown = operator.wait_for("Settings> ")
+            self.assertIn("-- Screen: Monitor --", shown)
+            self.assertIn("-- Screen: Settings --\r\nlimit = 5\r\n", shown)
+            operator.say("set limit many\n")
+            operator.wait_for("limit: a value of type Integer is needed")
+            operator.say("set other 3\n")
+            operator.wait_for("-- the run refuses it: Unknown variable: other")
+            operator.say("set axle 3\n")
+            operator.say("set limit 9\n")
+            operator.wait_for("axle = 3\r\nlimit = 9\r\n")  # comes back from the run
+            operator.say("screen Monitor\n")
+            operator.wait_for("-- Screen: Monitor --\r\ncount = 7\r\nMonitor> ")
+            operator.say("screen Settings\n")
+            operator.say("close\n")
+            status, shown = operator.finish()
+        self.assertEqual(status, 0)
+        self.assertIn("axle = 3\r\ncount = 7\r\nlimit = 9\r\n", shown)
+
+    def test_standard_output_is_data(self):
+        with tempfile.TemporaryFile() as output:
+            with self.session("screens", "--json", output=output) as operator:
+                operator.wait_for("Settings> ")
+                operator.say("close\n")
+                status, shown = operator.finish()
+            output.seek(0)
+            self.assertEqual(json.loads(output.read())["out"], {"axle": 0, "count": 7, "limit": 5})
+        self.assertEqual(status, 0)
+        self.assertNotIn("outcome", shown)
+
+    def test_nobody_is_asked_who_does_not_want_to(self):
+        with self.session("dialogs", "--unattended", "default") as operator:
+            status, shown = operator.finish()
+        self.assertEqual(status, 0)
+        self.assertIn("ChoiceDialog: nobody is there, answered with its default, 1", shown)
+
+    def test_rules_come_first(self):
+        rules = self.folder / "rules.json"
+        rules.write_text(
+            json.dumps(
+                [
+                    {
+                        "on": "HMI-OpenScreen",
+                        "screen": name,
+                        "times": 0,
+                        "send": [{"eventType": "HMI-ScreenClosed", "screenName": name}],
+                    }
+                    for name in ("ConfirmDialog", "InputDialog", "ShowDocumentDialog")
+                ]
+            )
+        )
+        with self.session("dialogs", "--answers", str(rules)) as operator:
+            self.assertTrue(operator.wait_for("Number [2]: ").lstrip().startswith("-- Choice: Axle --"))
+            operator.say("\n")
+            status, shown = operator.finish()
+        self.assertEqual(status, 0)
+        self.assertIn("axle = 1\r\n", shown)
+
+    def test_a_terminal_that_was_hung_up_answers_nothing(self):
+        with self.session("dialogs", hang_up=signal.SIG_IGN) as operator:
+            operator.wait_for("Enter goes on: ")
+            operator.hang_up()
+            self.assertEqual(operator.process.wait(), 4)
 
 
 class Outputs(unittest.TestCase):

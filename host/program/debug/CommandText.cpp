@@ -1,7 +1,7 @@
 // A line of the debugger, taken apart.
 #include "program/debug/CommandText.h"
 
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <charconv>
 #include <string_view>

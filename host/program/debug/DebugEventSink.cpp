@@ -20,11 +20,13 @@ std::string textOf(const COtxValue& map, const std::string& key) {
 
 }  // namespace
 
-DebugEventSink::DebugEventSink(std::shared_ptr<HostEventSink> target, std::shared_ptr<RunBoard> board)
-    : ForwardingEventSink(std::move(target)), board_(std::move(board)) {}
+DebugEventSink::DebugEventSink(std::shared_ptr<HostEventSink> target, std::shared_ptr<RunBoard> board,
+                               std::shared_ptr<HostEventSink> theOperator)
+    : ForwardingEventSink(std::move(target)), board_(std::move(board)), operator_(std::move(theOperator)) {}
 
 void DebugEventSink::sendRequest(const COtxValue& message) {
     ForwardingEventSink::sendRequest(message);
+    operator_->sendRequest(message);
     if (textOf(message, "eventType") != "FlowStopped")
         return;
     const COtxValue status = OTX::GetParameter(message, "status", OTX::ValueType::Map);

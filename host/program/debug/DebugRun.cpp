@@ -1,8 +1,10 @@
 // One run under the debugger.
 #include "program/debug/DebugRun.h"
 
+#include "operator/Operator.h"
 #include "program/Breakpoints.h"
 #include "program/Load.h"
+#include "program/RunOperator.h"
 #include "program/SetUp.h"
 #include "program/debug/DebugEventSink.h"
 
@@ -64,12 +66,13 @@ COtxValue DebugRun::control(const std::string& command, const COtxValue& paramet
 }
 
 void DebugRun::work(const RunOrder& order) {
-    const auto sink = std::make_shared<DebugEventSink>(order.setUp.messages(), board_);
     std::istringstream document(order.document);
     const Loaded loaded = load(document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded))
         return giveUp(*unloadable);
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
+    const auto runOperator = RunOperator::absent(sequencer, WithoutOperator::defaults, order.err);
+    const auto sink = std::make_shared<DebugEventSink>(order.setUp.messages(), board_, runOperator->sink());
     COtxValue arguments;
     try {
         sequencer.SetHost(sink);
@@ -77,11 +80,14 @@ void DebugRun::work(const RunOrder& order) {
         arguments = order.setUp.arguments();
         if (!order.breakpoints.empty())
             sequencer.Control("setbp", breakpointParameters(order.breakpoints));
+        runOperator->sink()->start();
     } catch (const std::exception& error) {
         return giveUp({Outcome::Kind::failed, COtxValue(), error.what(), {}});
     }
     ready_.set_value(&sequencer);
-    board_->runEnded(runProcedure(sequencer, order.procedure, arguments, order.startStopped));
+    const Outcome outcome = runProcedure(sequencer, order.procedure, arguments, order.startStopped);
+    runOperator->sink()->finish();
+    board_->runEnded(outcome);
     release_.get_future().wait();
 }
 

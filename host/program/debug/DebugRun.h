@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <future>
+#include <iosfwd>
 #include <memory>
 #include <optional>
 #include <set>
@@ -30,6 +31,7 @@ struct RunOrder {
     std::string procedure;
     bool startStopped = false;
     std::set<std::string> breakpoints;
+    std::ostream& err;  // for what became of dialogs: nobody is asked, since the commands have the terminal
 };
 
 // Each run has a Sequencer of its own, which its thread makes and destroys. Made, used and destroyed on one thread, which

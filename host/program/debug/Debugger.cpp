@@ -1,10 +1,10 @@
 // The debugger's loop over its commands, and what it reports of a run.
 #include "program/debug/Debugger.h"
 
-#include "program/OneLine.h"
-#include "program/Refusal.h"
 #include "program/Report.h"
 #include "program/debug/CommandText.h"
+#include "text/OneLine.h"
+#include "text/Refusal.h"
 
 #include <otx/value/COtxInt.h>
 #include <otx/value/COtxMap.h>

@@ -2,7 +2,7 @@
 #include "program/debug/FlowStatus.h"
 
 #include "program/JsonText.h"
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <otx/value/COtxList.h>
 #include <otx/value/COtxMap.h>

@@ -1,7 +1,7 @@
 // The nodes of a document.
 #include "program/debug/NodeIndex.h"
 
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <algorithm>
 #include <utility>

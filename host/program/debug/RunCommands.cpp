@@ -2,8 +2,8 @@
 #include "program/debug/Debugger.h"
 
 #include "program/Breakpoints.h"
-#include "program/OneLine.h"
 #include "program/debug/CommandText.h"
+#include "text/OneLine.h"
 
 #include <otx/value/COtxInt.h>
 #include <otx/value/COtxMap.h>
@@ -69,7 +69,8 @@ void Debugger::start(const std::string& procedure, bool stopped) {
     if (run_ != nullptr && !reportEnd())
         throw CommandError("a run is under way: cancel ends it");
     const std::string& name = procedure.empty() ? debuggee_.procedure : procedure;
-    run_ = std::make_unique<DebugRun>(RunOrder{debuggee_.document, debuggee_.setUp, name, stopped, breakpoints_});
+    run_ = std::make_unique<DebugRun>(
+        RunOrder{debuggee_.document, debuggee_.setUp, name, stopped, breakpoints_, streams_.err});
     reportResumed(!run_->board().waitForStop({}));
 }
 

@@ -3,9 +3,9 @@
 
 #include "program/IndentedJson.h"
 #include "program/JsonText.h"
-#include "program/OneLine.h"
 #include "program/debug/CommandText.h"
 #include "program/debug/NodeList.h"
+#include "text/OneLine.h"
 
 #include <otx/value/COtxString.h>
 #include <otx/value/Functions.h>

@@ -3,6 +3,7 @@
 
 #include "program/script/AnswerRules.h"
 
+#include <cstddef>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -16,11 +17,15 @@ public:
     explicit AnswerMatcher(std::vector<AnswerRule> rules);
 
     // The first rule that fits and isn't used up, which counts as fired; null if there is none. `screen` is the message's
-    // screenName, if it has one. The rule lives as long as the matcher.
+    // screenName, if it has one. The rule lives as long as the matcher. Its answer is under way until `sent` is called.
     const AnswerRule* fire(const std::string& eventType, const std::optional<std::string>& screen);
+    void sent();
+    bool someAreUnderWay() const;
 
     // Whether a rule that isn't used up could resume a stopped flow.
     bool canResume() const;
+    // Whether an answer that is under way, or a rule that isn't used up, could close an open screen or cancel the run.
+    bool canClose(const std::string& screen) const;
 
 private:
     struct Counted {
@@ -33,6 +38,7 @@ private:
 
     mutable std::mutex rulesLock_;
     std::vector<Counted> rules_;  // its counts are guarded by rulesLock_
+    std::size_t underWay_ = 0;    // guarded by rulesLock_
 };
 
 }  // namespace velkotx::host

@@ -2,7 +2,7 @@
 #include "program/script/CommandPort.h"
 
 #include "program/JsonText.h"
-#include "program/Refusal.h"
+#include "text/Refusal.h"
 
 #include <otx/value/COtxInt.h>
 #include <otx/value/COtxMap.h>
@@ -15,13 +15,17 @@
 #include <exception>
 #include <map>
 #include <ostream>
+#include <utility>
 
 namespace velkotx::host {
 
-CommandPort::CommandPort(Sequencer& sequencer, HostEventSink& messages, std::ostream& err)
-    : sequencer_(sequencer), messages_(messages), err_(err) {}
+CommandPort::CommandPort(Sequencer& sequencer, HostEventSink& messages, std::ostream& err,
+                         std::function<void(const HostCommand&)> sending)
+    : sequencer_(sequencer), messages_(messages), sending_(std::move(sending)), err_(err) {}
 
 void CommandPort::send(const HostCommand& command) {
+    if (sending_)
+        sending_(command);
     try {
         if (const auto* event = std::get_if<Event>(&command))
             sequencer_.SendEvent(OTX::DeepCopy(event->value));  // a rule may fire again

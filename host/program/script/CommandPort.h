@@ -4,6 +4,7 @@
 #include "program/StopCounter.h"
 #include "program/script/HostCommand.h"
 
+#include <functional>
 #include <iosfwd>
 #include <mutex>
 #include <string>
@@ -19,7 +20,9 @@ namespace velkotx::host {
 // use it, but never one that is delivering a message: only noteStop is for that. Owns nothing of what it is given.
 class CommandPort {
 public:
-    CommandPort(Sequencer& sequencer, HostEventSink& messages, std::ostream& err);
+    // `sending` is called ahead of each command, on the thread that sends it. It throws nothing.
+    CommandPort(Sequencer& sequencer, HostEventSink& messages, std::ostream& err,
+                std::function<void(const HostCommand&)> sending = {});
 
     // A control's reply goes to the messages as {"reply": ...}; what the run refuses is refused here.
     void send(const HostCommand& command);
@@ -37,6 +40,7 @@ private:
 
     Sequencer& sequencer_;
     HostEventSink& messages_;
+    const std::function<void(const HostCommand&)> sending_;
 
     std::mutex errLock_;
     std::ostream& err_;  // guarded by errLock_

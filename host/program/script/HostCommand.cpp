@@ -1,6 +1,7 @@
 // What a script has for a run.
 #include "program/script/HostCommand.h"
 
+#include "operator/ScreenNews.h"
 #include "program/JsonMembers.h"
 
 #include <otx/value/COtxMap.h>
@@ -21,8 +22,17 @@ HostCommand readHostCommand(const COtxValue& json) {
 
 bool resumes(const HostCommand& command) {
     const auto* control = std::get_if<ControlCommand>(&command);
-    return control != nullptr &&
-           (control->word == "run" || control->word == "step" || control->word == "cancel");
+    return cancels(command) || (control != nullptr && (control->word == "run" || control->word == "step"));
+}
+
+bool cancels(const HostCommand& command) {
+    const auto* control = std::get_if<ControlCommand>(&command);
+    return control != nullptr && control->word == "cancel";
+}
+
+bool closes(const HostCommand& command, const std::string& screen) {
+    const auto* event = std::get_if<Event>(&command);
+    return event != nullptr ? screenClosedBy(event->value) == screen : cancels(command);
 }
 
 }  // namespace velkotx::host

@@ -27,5 +27,8 @@ HostCommand readHostCommand(const COtxValue& json);
 
 // Whether a stopped flow goes on after it, if the run takes it.
 bool resumes(const HostCommand& command);
+bool cancels(const HostCommand& command);
+// Whether that screen is closed after it.
+bool closes(const HostCommand& command, const std::string& screen);
 
 }  // namespace velkotx::host

@@ -1,6 +1,7 @@
 // A host that is a script.
 #include "program/script/ScriptedHost.h"
 
+#include "operator/Operator.h"
 #include "program/script/ControlThread.h"
 #include "program/script/InterruptibleLines.h"
 #include "program/script/SenderThread.h"
@@ -29,12 +30,15 @@ std::optional<std::string> textOf(const COtxValue& message, const std::string& m
 }  // namespace
 
 ScriptedHost::ScriptedHost(Sequencer& sequencer, std::shared_ptr<HostEventSink> messages,
-                           std::vector<AnswerRule> answers, InterruptibleLines* lines, std::ostream& err)
+                           std::vector<AnswerRule> answers, InterruptibleLines* lines, std::ostream& err,
+                           std::shared_ptr<Operator> theOperator)
     : messages_(std::move(messages)),
       answers_(std::move(answers)),
       lines_(lines),
-      port_(sequencer, *messages_, err),
+      port_(sequencer, *messages_, err, [this](const HostCommand& command) { tellOperator(command); }),
       controlHasEnded_(lines == nullptr) {
+    if (theOperator != nullptr)
+        heldBack_.emplace(std::move(theOperator));
     if (lines_ == nullptr)
         messageTypes_.close();
 }
@@ -44,13 +48,15 @@ ScriptedHost::~ScriptedHost() {
 }
 
 void ScriptedHost::start() {
-    sender_ = std::make_unique<SenderThread>(port_, [this] { cancelIfAbandoned(); });
+    sender_ = std::make_unique<SenderThread>(port_, [this] { answers_.sent(); }, [this] { whenIdle(); });
     if (const AnswerRule* rule = answers_.fire("start", {})) {
-        if (rule->delay.count() == 0)
+        if (rule->delay.count() == 0) {
             for (const HostCommand& command : rule->send)
                 port_.send(command);
-        else
+            answers_.sent();
+        } else {
             sender_->put(rule->send, rule->delay);
+        }
     }
     if (lines_ != nullptr) {
         control_ = std::make_unique<ControlThread>(*lines_, messageTypes_, port_, [this] {
@@ -70,22 +76,53 @@ void ScriptedHost::sendRequest(const COtxValue& message) {
     const std::optional<std::string> eventType = textOf(message, "eventType");
     if (!eventType)
         return;
+    // Ahead of all that counts what is open and stopped: its answer is under way by then.
+    const AnswerRule* const rule = ruleFor(*eventType, textOf(message, "screenName"));
     const bool isStop = *eventType == stopEvent;
     if (isStop) {
         const COtxValue status = OTX::GetParameter(message, "status", OTX::ValueType::Map);
         port_.noteStop(OTX::GetParameter(status, "id", OTX::ValueType::Integer).Int());
     }
+    tellOperator(message, rule != nullptr);  // ahead of those who may answer
     messageTypes_.note(*eventType);
-    answer(*eventType, textOf(message, "screenName"));
+    if (rule != nullptr)
+        sender_->put(rule->send, rule->delay);
     if (isStop)
         sender_->nudge();
 }
 
-void ScriptedHost::answer(const std::string& eventType, const std::optional<std::string>& screen) {
+const AnswerRule* ScriptedHost::ruleFor(const std::string& eventType, const std::optional<std::string>& screen) {
     if (eventType == "start")  // that one is the host's own
+        return nullptr;
+    return answers_.fire(eventType, screen);
+}
+
+void ScriptedHost::tellOperator(const COtxValue& message, bool isAnswered) {
+    std::optional<ScreenNews> news;
+    if (heldBack_)
+        news = readNews(message);
+    if (!news)
         return;
-    if (const AnswerRule* rule = answers_.fire(eventType, screen))
-        sender_->put(rule->send, rule->delay);
+    if (news->kind != ScreenNews::Kind::opened)
+        heldBack_->pass(std::move(*news));
+    else if (heldBack_->opened(std::move(*news), isAnswered || !controlHasEnded_))
+        sender_->nudge();
+}
+
+void ScriptedHost::tellOperator(const HostCommand& command) {
+    if (!heldBack_)
+        return;
+    if (cancels(command))
+        heldBack_->pass({ScreenNews::Kind::cancelled, {}, false, {}});
+    else if (const auto* event = std::get_if<Event>(&command))
+        if (const auto closed = screenClosedBy(event->value))
+            heldBack_->pass({ScreenNews::Kind::settled, *closed, false, {}});
+}
+
+void ScriptedHost::whenIdle() {
+    if (heldBack_ && controlHasEnded_)
+        heldBack_->handOver([this](const std::string& screen) { return !answers_.canClose(screen); });
+    cancelIfAbandoned();
 }
 
 // A stopped flow that nobody will resume would hold the run, and the program, for ever.
@@ -93,6 +130,8 @@ void ScriptedHost::cancelIfAbandoned() {
     if (isCancelled_ || !controlHasEnded_ || !port_.someFlowIsStopped())
         return;
     if (answers_.canResume() && !port_.allFlowsAreStopped())
+        return;
+    if (answers_.someAreUnderWay())  // asked last: what stops a flow comes behind its answer
         return;
     isCancelled_ = true;
     port_.refuse("a flow is stopped and nobody is left to resume it: the run is cancelled");

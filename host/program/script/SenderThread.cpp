@@ -5,7 +5,8 @@
 
 namespace velkotx::host {
 
-SenderThread::SenderThread(CommandPort& port, std::function<void()> idle) : port_(port), idle_(std::move(idle)) {
+SenderThread::SenderThread(CommandPort& port, std::function<void()> sent, std::function<void()> idle)
+    : port_(port), sent_(std::move(sent)), idle_(std::move(idle)) {
     thread_ = std::thread([this] { work(); });
 }
 
@@ -39,7 +40,9 @@ void SenderThread::work() {
             guard.unlock();
             for (const HostCommand& command : commands)
                 port_.send(command);
+            sent_();
             guard.lock();
+            nudged_ = true;
         } else if (!queue_.empty()) {
             queueChanged_.wait_until(guard, queue_.begin()->first.first);
         } else if (nudged_) {

@@ -21,8 +21,9 @@ class CommandPort;
 // object goes is dropped.
 class SenderThread {
 public:
-    // `idle` is called on the sender's thread after a nudge, whenever nothing is left to be sent. It throws nothing.
-    SenderThread(CommandPort& port, std::function<void()> idle);
+    // Both are called on the sender's thread: `sent` behind the commands of each put; `idle` after that, and after a
+    // nudge, whenever nothing is left to be sent. They throw nothing.
+    SenderThread(CommandPort& port, std::function<void()> sent, std::function<void()> idle);
     ~SenderThread();
 
     SenderThread(const SenderThread&) = delete;
@@ -41,6 +42,7 @@ private:
     void work();
 
     CommandPort& port_;
+    const std::function<void()> sent_;
     const std::function<void()> idle_;
 
     std::mutex queueLock_;

@@ -1,5 +1,5 @@
 // Why the run refused what the host asked of it.
-#include "program/Refusal.h"
+#include "text/Refusal.h"
 
 #include <velkotx/Exceptions.h>
 

@@ -1,5 +1,5 @@
 // Makes a text fit for one line of a terminal.
-#include "program/OneLine.h"
+#include "text/OneLine.h"
 
 #include <cstddef>
 

@@ -1,0 +1,69 @@
+// The dialog that asks for a text.
+#include "operator/DialogKinds.h"
+
+#include "text/OneLine.h"
+#include "text/ValueText.h"
+
+#include <otx/value/COtxString.h>
+#include <otx/value/IString.h>
+
+namespace velkotx::host {
+
+namespace {
+
+class InputDialog : public Dialog {
+public:
+    explicit InputDialog(const ScreenNews& opening) : Dialog(opening) {}
+
+    std::string prompt() const override {
+        const COtxValue* const initial = find("initialValue");
+        return initial != nullptr ? "Text [" + lineOf(*initial) + "]: " : "Text: ";
+    }
+
+    // An empty line is the initial value where there is one; else it is the empty text.
+    Answer read(const std::string& line) const override {
+        const COtxValue* const initial = find("initialValue");
+        const COtxValue text = line.empty() && initial != nullptr ? *initial : COtxString(line);
+        std::string complaint = complaintAbout(text);
+        if (!complaint.empty())
+            return {std::move(complaint), {}};
+        return {{}, text};
+    }
+
+    std::optional<COtxValue> preset() const override {
+        const COtxValue* const initial = find("initialValue");
+        if (initial == nullptr || !complaintAbout(*initial).empty())
+            return {};
+        return *initial;
+    }
+
+private:
+    std::string heading() const override { return "Input"; }
+
+    void describe(std::vector<std::string>& lines) const override {
+        append(lines, "instruction");
+        if (const COtxValue* const restriction = find("restriction"))
+            lines.push_back("Has to match: " + lineOf(*restriction));
+    }
+
+    // Empty for a text that will do.
+    std::string complaintAbout(const COtxValue& text) const {
+        const COtxValue* const restriction = find("restriction");
+        if (restriction == nullptr)
+            return {};
+        try {
+            const COtxValue asText = text.ToString();
+            return asText.String().Match(*restriction).Bool() ? "" : "the text has to match " + lineOf(*restriction);
+        } catch (const COtxValue& refusal) {
+            return oneLine(refusal.what());
+        }
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Dialog> makeInputDialog(const ScreenNews& opening) {
+    return std::make_unique<InputDialog>(opening);
+}
+
+}  // namespace velkotx::host

@@ -1,0 +1,28 @@
+// What an operator types, taken as words, numbers and values.
+#pragma once
+
+#include <otx/value/COtxValue.h>
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace velkotx::host {
+
+// The typed text isn't what is needed. what() says what is.
+class TypingError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Without the blanks around it, in lower case as far as ASCII goes.
+std::string lowerCaseWord(const std::string& text);
+std::string withoutBlanksAround(const std::string& text);
+// None for a text that is anything else than a number, or one too large.
+std::optional<long long> wholeNumber(const std::string& text);
+
+// A value of the type of the present one: a text as it stands, anything else as JSON. Where nothing is present, JSON if it
+// can be read as such, else the text. Throws TypingError.
+COtxValue valueLike(const COtxValue& present, const std::string& text);
+
+}  // namespace velkotx::host

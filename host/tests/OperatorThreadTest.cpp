@@ -1,0 +1,248 @@
+// The operator's thread, its inbox and its keyboard.
+#include "OperatorFakes.h"
+#include "operator/Conversation.h"
+#include "operator/Inbox.h"
+#include "operator/Operator.h"
+#include "operator/TerminalInput.h"
+#include "operator/Unattended.h"
+
+#include <otx/value/Functions.h>
+
+#include <gtest/gtest.h>
+
+#include <pty.h>
+#include <unistd.h>
+
+#include <functional>
+#include <sstream>
+#include <thread>
+
+namespace {
+
+using namespace velkotx::host;
+
+constexpr const char* question =
+    R"({"eventType":"HMI-OpenScreen","screenName":"ConfirmDialog","modal":true,"parameters":{"title":"Sure",
+        "messageType":{"MessageType":"YESNO_QUESTION"}}})";
+constexpr const char* input = R"({"eventType":"HMI-OpenScreen","screenName":"InputDialog","modal":true,"parameters":{}})";
+
+class OperatorThread : public testing::Test {
+protected:
+    OperatorThread() {
+        auto keyboard = std::make_unique<MemoryInput>();
+        keyboard_ = keyboard.get();
+        operator_.emplace(std::make_unique<Conversation>(port_, terminal_), std::move(keyboard),
+                          std::make_unique<Unattended>(WithoutOperator::fail, port_, terminal_));
+        operator_->start();
+    }
+
+    FakePort port_;
+    std::ostringstream terminal_;
+    MemoryInput* keyboard_ = nullptr;
+    std::optional<Operator> operator_;
+};
+
+TEST_F(OperatorThread, AnswersFromAThreadOfItsOwn) {
+    operator_->sendRequest(OTX::FromJSON(question));
+    keyboard_->type("y");
+    port_.await(closedEvent("ConfirmDialog"));
+    operator_->finish();
+    EXPECT_EQ(port_.take(), resultEvent("ConfirmDialog", R"({"ConfirmationType":"YES"})") + closedEvent("ConfirmDialog"));
+    EXPECT_EQ(terminal_.str(), "-- Question: Sure --\ny yes, n no: ");
+}
+
+TEST_F(OperatorThread, EndsWhileAPromptWaits) {
+    operator_->sendRequest(OTX::FromJSON(question));
+    operator_->tell({ScreenNews::Kind::cancelled, {}, false, {}});
+    operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-CloseScreen","screenName":"ConfirmDialog"})"));
+    operator_->finish();  // hangs if the prompt can't be called off
+    EXPECT_EQ(port_.take(), "");
+    EXPECT_EQ(terminal_.str().find("y yes") == std::string::npos,
+              terminal_.str().find("cancelled") == std::string::npos)
+        << "what was asked is called off, what was not isn't: " << terminal_.str();
+}
+
+TEST_F(OperatorThread, TakesNoInterestInOtherMessages) {
+    operator_->sendRequest(OTX::FromJSON(R"({"eventType":"FlowStopped","status":{"id":0}})"));
+    operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-OpenScreen"})"));
+    operator_->sendRequest(OTX::FromJSON(R"([1])"));
+    operator_->finish();
+    EXPECT_EQ(terminal_.str() + port_.take(), "");
+}
+
+TEST_F(OperatorThread, ShowsChangesInTime) {
+    operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-OpenScreen","screenName":"M","parameters":{"a":1}})"));
+    operator_->sendRequest(
+        OTX::FromJSON(R"({"eventType":"HMI-InParameterValueChanged","screenName":"M","parameters":{"a":2}})"));
+    keyboard_->type("set b 1");
+    port_.await(resultEvent("M", "1", "b"));
+    keyboard_->type("close");
+    port_.await(closedEvent("M"));
+    operator_->finish();
+    EXPECT_NE(terminal_.str().find("a = 2\n"), std::string::npos) << terminal_.str();
+}
+
+TEST_F(OperatorThread, WhoeverHasLeftIsNotAsked) {
+    operator_->sendRequest(OTX::FromJSON(input));
+    keyboard_->put({OperatorInput::What::gone, {}});
+    port_.await("cancel");
+    operator_->sendRequest(OTX::FromJSON(question));
+    operator_->finish();
+    EXPECT_EQ(port_.take(), "cancel\ncancel\n");
+    EXPECT_NE(terminal_.str().find("InputDialog: nobody is there to answer"), std::string::npos) << terminal_.str();
+    EXPECT_NE(terminal_.str().find("ConfirmDialog: nobody is there to answer"), std::string::npos) << terminal_.str();
+}
+
+TEST_F(OperatorThread, AKeyClosesWithoutAnAnswer) {
+    operator_->sendRequest(OTX::FromJSON(input));
+    keyboard_->put({OperatorInput::What::noAnswer, {}});
+    port_.await(closedEvent("InputDialog"));
+    operator_->finish();
+    EXPECT_EQ(port_.take(), closedEvent("InputDialog"));
+}
+
+// News that come while the line is on its way.
+class LateInput : public MemoryInput {
+public:
+    std::function<void()> ahead;
+
+    Event next(bool reads, std::optional<std::chrono::milliseconds> limit) override {
+        const Event event = MemoryInput::next(reads, limit);
+        if (event.what == What::line && ahead)
+            ahead();
+        return event;
+    }
+};
+
+TEST(OperatorThreads, ALineAnswersOnlyWhatItWasTypedFor) {
+    FakePort port;
+    std::ostringstream terminal;
+    auto made = std::make_unique<LateInput>();
+    LateInput& keyboard = *made;
+    Operator theOperator(std::make_unique<Conversation>(port, terminal), std::move(made), nullptr);
+    theOperator.sendRequest(OTX::FromJSON(question));
+    keyboard.ahead = [&] {
+        keyboard.ahead = {};
+        theOperator.sendRequest(OTX::FromJSON(R"({"eventType":"HMI-CloseScreen","screenName":"ConfirmDialog"})"));
+        theOperator.sendRequest(OTX::FromJSON(input));
+    };
+    theOperator.start();
+    keyboard.type("y");
+    keyboard.type("text");
+    port.await(closedEvent("InputDialog"));
+    theOperator.finish();
+    EXPECT_EQ(port.take(), resultEvent("InputDialog", "\"text\"") + closedEvent("InputDialog"));
+    EXPECT_NE(terminal.str().find("the line is dropped"), std::string::npos);
+}
+
+TEST(OperatorInbox, KeepsTheLatestChangeOnly) {
+    Inbox inbox;
+    const auto change = [&](const std::string& screen, const std::string& parameter, int value) {
+        inbox.put(news(R"({"eventType":"HMI-InParameterValueChanged","screenName":")" + screen +
+                       R"(","parameters":{")" + parameter + "\":" + std::to_string(value) + "}}"));
+    };
+    const auto open = [&](const std::string& screen) {
+        inbox.put(news(R"({"eventType":"HMI-OpenScreen","screenName":")" + screen + R"(","parameters":{}})"));
+    };
+    for (int i = 0; i < 1000; ++i) {
+        change("A", "a", i);
+        change("A", "b", i);
+        change("B", "a", i);
+    }
+    open("A");
+    change("A", "a", 5);
+    change("B", "a", 6);
+    std::string taken;
+    for (const ScreenNews& each : inbox.take())
+        taken += each.screen + (each.parameters.empty() ? "" : each.parameters.begin()->first) +
+                 (each.parameters.empty() ? " open" : jsonOf(each.parameters.begin()->second)) + ' ';
+    EXPECT_EQ(taken, "Aa999 Ab999 Ba6 A open Aa5 ");
+    change("A", "a", 7);
+    EXPECT_EQ(inbox.take().size(), 1U);
+    EXPECT_TRUE(inbox.take().empty());
+}
+
+TEST(OperatorNews, SharesNothingWithTheMessage) {
+    const COtxValue message =
+        OTX::FromJSON(R"({"eventType":"HMI-OpenScreen","screenName":"M","parameters":{"list":[1]}})");
+    const auto read = readNews(message);
+    const COtxValue parameters = OTX::GetParameter(message, "parameters", OTX::ValueType::Map);
+    OTX::GetParameter(parameters, "list", OTX::ValueType::List).List().clear();
+    EXPECT_EQ(jsonOf(read->parameters.at("list")), "[1]");
+}
+
+class PseudoTerminal {
+public:
+    PseudoTerminal() {
+        if (openpty(&outer, &inner, nullptr, nullptr, nullptr) != 0)
+            throw std::runtime_error("no pseudo-terminal");
+    }
+    ~PseudoTerminal() {
+        hangUp();
+        close(inner);
+    }
+    void type(const std::string& text) { EXPECT_EQ(write(outer, text.data(), text.size()), ssize_t(text.size())); }
+    void hangUp() {
+        if (outer >= 0)
+            close(outer);
+        outer = -1;
+    }
+
+    int outer = -1;
+    int inner = -1;
+};
+
+TEST(OperatorTerminalInput, TakesLines) {
+    PseudoTerminal terminal;
+    TerminalInput keyboard(terminal.inner);
+    terminal.type("one\ntwo\n\n");
+    for (const char* line : {"one", "two", ""}) {
+        const auto event = keyboard.next(true, {});
+        EXPECT_EQ(event.what, OperatorInput::What::line);
+        EXPECT_EQ(event.line, line);
+    }
+}
+
+TEST(OperatorTerminalInput, CtrlDIsNoAnswerAndLinesMayFollow) {
+    PseudoTerminal terminal;
+    TerminalInput keyboard(terminal.inner);
+    terminal.type("\x04");
+    EXPECT_EQ(keyboard.next(true, {}).what, OperatorInput::What::noAnswer);
+    terminal.type("x\n");
+    EXPECT_EQ(keyboard.next(true, {}).line, "x");
+}
+
+TEST(OperatorTerminalInput, AHangUpIsTheEnd) {
+    PseudoTerminal terminal;
+    TerminalInput keyboard(terminal.inner);
+    terminal.hangUp();
+    EXPECT_EQ(keyboard.next(true, {}).what, OperatorInput::What::gone);
+}
+
+TEST(OperatorTerminalInput, TheEndOfAPipeIsTheEnd) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    close(ends[1]);
+    TerminalInput keyboard(ends[0]);
+    EXPECT_EQ(keyboard.next(true, {}).what, OperatorInput::What::gone);
+    close(ends[0]);
+}
+
+TEST(OperatorTerminalInput, LeavesLinesThatAreForNobody) {
+    PseudoTerminal terminal;
+    TerminalInput keyboard(terminal.inner);
+    terminal.type("later\n");
+    keyboard.wake();
+    EXPECT_EQ(keyboard.next(false, {}).what, OperatorInput::What::woken);
+    EXPECT_EQ(keyboard.next(false, std::chrono::milliseconds(0)).what, OperatorInput::What::woken);
+    EXPECT_EQ(keyboard.next(true, {}).line, "later");
+}
+
+TEST(OperatorTerminalInput, IsWokenFromOtherThreads) {
+    TerminalInput nobody(-1);
+    std::thread waker([&] { nobody.wake(); });
+    EXPECT_EQ(nobody.next(true, {}).what, OperatorInput::What::woken);
+    waker.join();
+}
+
+}  // namespace
