@@ -136,7 +136,7 @@ TEST(ScreenClosed, GivesWhatWasPutFirst) {
     const COtxHMIScreenClosedEventSource source;
     source.EventSource().Put(COtxString("panel"));
     source.EventSource().Signal();
-    EXPECT_EQ(next(source), "ScreenClosed(\"panel\")");
+    EXPECT_EQ(next(source), "ScreenClosed(panel)");
     EXPECT_EQ(next(source), "ScreenClosed");
     source.EventSource().Close();
     EXPECT_TRUE(isClosed(source));
