@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
     g++ cmake ninja-build make git python3
     libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev libedit-dev
-    libgtest-dev libudunits2-dev
+    libicu-dev libpcre2-dev libgtest-dev libudunits2-dev
 )
 # For `make bench` and `make fuzz` only.
 for extra in "$@"; do packages+=("$extra"); done
