@@ -30,6 +30,7 @@ struct Script {
     std::vector<Step> steps;
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
+    std::string zone = "UTC0";  // the time zone, in the form of the variable TZ
     bool withHost = true;
     bool withVehicle = false;  // the recording host objects
     HostFailures failures;
