@@ -26,11 +26,11 @@ namespace {
 
 // Steps of the backtracking matcher, some 30 million in a second. A match that takes more than the first number begins
 // anew with the next, and may be interrupted in between; the last is where it is given up.
-constexpr std::uint32_t stepLimits[] = {1'000'000, 8'000'000, 48'000'000};
+constexpr std::uint32_t stepLimits[] = {1'000'000, 6'000'000, 24'000'000};
 // What these steps may keep, in KB.
 constexpr std::uint32_t memoryLimit = 64 * 1024;
 // Bytes that lookaheads and back-references may read, which the steps don't count.
-constexpr std::size_t readLimit = 2'000'000'000;
+constexpr std::size_t readLimit = 1'000'000'000;
 // Comparisons of states that a match in one pass may take: it makes up to the square of their number at each character.
 constexpr double comparisonLimit = 2e9;
 constexpr double fewestStates = 16;
@@ -50,7 +50,7 @@ struct FreeContext {
 class Reading {
 public:
     static int count(pcre2_callout_block* block, void* reading) noexcept {
-        return static_cast<Reading*>(reading)->add(*block) ? 0 : PCRE2_ERROR_MATCHLIMIT;
+        return static_cast<Reading*>(reading)->add(*block) ? 0 : PCRE2_ERROR_CALLOUT;
     }
 
 private:
@@ -112,7 +112,7 @@ private:
         if (result == PCRE2_ERROR_NOMATCH) return false;
         if (result == PCRE2_ERROR_NOMEMORY) throw std::bad_alloc();
         if (result == PCRE2_ERROR_HEAPLIMIT) failMatch("it takes too much memory");
-        if (isLimit(result)) failMatch("it takes too many steps");
+        if (result == PCRE2_ERROR_MATCHLIMIT || result == PCRE2_ERROR_CALLOUT) failMatch("it takes too many steps");
         failMatch("failure " + std::to_string(result) + " of the matcher");
     }
 

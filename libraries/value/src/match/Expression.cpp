@@ -17,9 +17,8 @@ namespace otx {
 namespace {
 
 // Without possessive repetitions every step back counts as a step, which is what limits a match.
-constexpr std::uint32_t options = PCRE2_UTF | PCRE2_NO_UTF_CHECK | PCRE2_ANCHORED | PCRE2_ENDANCHORED |
-                                  PCRE2_DOLLAR_ENDONLY | PCRE2_ALLOW_EMPTY_CLASS | PCRE2_MATCH_UNSET_BACKREF |
-                                  PCRE2_NO_AUTO_POSSESS;
+constexpr std::uint32_t options = PCRE2_UTF | PCRE2_NO_UTF_CHECK | PCRE2_ANCHORED | PCRE2_DOLLAR_ENDONLY |
+                                  PCRE2_ALLOW_EMPTY_CLASS | PCRE2_MATCH_UNSET_BACKREF | PCRE2_NO_AUTO_POSSESS;
 
 // What the compiler needs besides its recursion over groups: measured 26 KB, three times that with sanitizers.
 constexpr std::size_t stackOfCompiler = 80 * 1024;
@@ -74,8 +73,8 @@ Expression::Expression(const std::string& text) {
     isRegular_ = !translation.hasLookahead && !translation.hasBackReference;
     const std::unique_ptr<pcre2_compile_context, FreeContext> context(pcre2_compile_context_create(nullptr));
     if (context == nullptr) throw std::bad_alloc();
-    // A lookahead and a back-reference bring a group of their own each.
-    pcre2_set_parens_nest_limit(context.get(), 2 * deepestNesting + 2);
+    // A lookahead and a back-reference bring a group of their own each, and one is around all.
+    pcre2_set_parens_nest_limit(context.get(), 2 * deepestNesting + 3);
     pcre2_set_compile_recursion_guard(context.get(), isStackTooLow, nullptr);
     int error = 0;
     PCRE2_SIZE place = 0;

@@ -44,8 +44,11 @@ public:
     explicit Translator(std::string_view expression) : rest_(expression) { result_.pattern.reserve(2 * rest_.size()); }
 
     Translation translate() {
+        // The one-pass matcher doesn't bear the option for the end of the text.
+        write("(?:");
         while (!rest_.empty()) translateNext();
         if (!groups_.empty()) failMatch("a group isn't closed");
+        write(")\\z");
         return std::move(result_);
     }
 
@@ -85,10 +88,12 @@ private:
         }
     }
 
-    void writeAtom(std::string_view text) {
-        write(text);
+    // What a repetition may follow: one character or class, from that place of the pattern on, or a group.
+    void finishAtom(std::size_t begin) {
+        atom_ = begin;
         isRepeatable_ = true;
     }
+    void finishGroup() { finishAtom(std::string::npos); }
 
     void writeAssertion(std::string_view text) {
         write(text);
@@ -97,21 +102,24 @@ private:
 
     void translateNext() {
         const char next = rest_.front();
+        const std::size_t begin = result_.pattern.size();
         if (static_cast<unsigned char>(next) >= 0x80) {
             writeCharacter(takeCharacter(rest_).value_or(replacementCharacter));
-            isRepeatable_ = true;
-            return;
+            return finishAtom(begin);
         }
         rest_.remove_prefix(1);
         switch (next) {
             case '^':
             case '$':
             case '|': writeAssertion({&next, 1}); break;
-            case '.': writeAtom(anyCharacter); break;
+            case '.':
+                write(anyCharacter);
+                finishAtom(begin);
+                break;
             case '(': openGroup(); break;
             case ')': closeGroup(); break;
+            case '+': translateOpenRepetition("1"); break;
             case '*':
-            case '+':
             case '?':
                 requireRepeatable();
                 write({&next, 1});
@@ -122,7 +130,7 @@ private:
             case '\\': translateEscape(); break;
             default:
                 writeCharacter(static_cast<unsigned char>(next));
-                isRepeatable_ = true;
+                finishAtom(begin);
         }
     }
 
@@ -156,6 +164,7 @@ private:
             writeCallout(lookaheadCallout);
         }
         write(")");
+        finishGroup();
         isRepeatable_ = !isLookahead;
     }
 
@@ -185,14 +194,37 @@ private:
     void translateCounts() {
         requireRepeatable();
         const std::string_view least = takeDigits();
+        const bool isOpen = takeIf(',');
+        const std::string_view most = isOpen ? takeDigits() : least;
+        if (least.empty() || !takeIf('}')) failMatch("a bad count of repetitions");
+        if (isOpen && most.empty()) return translateOpenRepetition(least);
+        writeCounts(least, isOpen ? most : "");
+        finishRepetition();
+    }
+
+    void writeCounts(std::string_view least, std::string_view most) {
         write("{");
         write(least);
-        if (takeIf(',')) {
+        if (!most.empty()) {
             write(",");
-            write(takeDigits());
+            write(most);
         }
-        if (least.empty() || !takeIf('}')) failMatch("a bad count of repetitions");
         write("}");
+    }
+
+    // "a+" becomes "a{1}a*": matched in one pass, an open repetition that has a least count is a state for each count.
+    void translateOpenRepetition(std::string_view least) {
+        requireRepeatable();
+        if (atom_ == std::string::npos) {
+            write("{");
+            write(least);
+            write(",}");
+        } else {
+            const std::string atom = result_.pattern.substr(atom_);
+            writeCounts(least, "");
+            write(atom);
+            write("*");
+        }
         finishRepetition();
     }
 
@@ -204,12 +236,9 @@ private:
             rest_.remove_prefix(1);
             return writeAssertion(next == 'b' ? "\\b" : "\\B");
         }
-        const Element element = takeEscaped();
-        if (element.characterClass.empty())
-            writeCharacter(element.character);
-        else
-            write(element.characterClass);
-        isRepeatable_ = true;
+        const std::size_t begin = result_.pattern.size();
+        writeElement(takeEscaped());
+        finishAtom(begin);
     }
 
     void translateBackReference() {
@@ -226,7 +255,7 @@ private:
         write("\\g{");
         writeNumber(number);
         write("})");
-        isRepeatable_ = true;
+        finishGroup();
     }
 
     // What stands behind a backslash, inside a class or outside.
@@ -283,6 +312,7 @@ private:
 
     void translateClass() {
         inClass_ = true;
+        const std::size_t begin = result_.pattern.size();
         write(takeIf('^') ? "[^" : "[");
         while (!takeIf(']')) {
             const Element first = takeElement();
@@ -298,7 +328,7 @@ private:
         }
         write("]");
         inClass_ = false;
-        isRepeatable_ = true;
+        finishAtom(begin);
     }
 
     Element takeElement() {
@@ -335,6 +365,7 @@ private:
     std::vector<Group> groups_;
     unsigned captures_ = 0;
     bool isRepeatable_ = false;
+    std::size_t atom_ = std::string::npos;
     bool inClass_ = false;
 };
 

@@ -23,7 +23,7 @@ constexpr unsigned lastGroupCallout = 254;
 // Groups within each other; what a compiler may recurse over.
 constexpr std::size_t deepestNesting = 250;
 
-// Throws kind 19. The expression is valid UTF-8. Doesn't recurse.
+// The pattern matches up to the end of the text. Throws kind 19. The expression is valid UTF-8. Doesn't recurse.
 Translation translateExpression(std::string_view expression);
 
 }  // namespace otx
