@@ -14,6 +14,9 @@ ROUNDS = 7
 # Program: n of the run, and the highest ratio to python3 that is meant to be reached.
 PROGRAMS = {"loop": (300_000, 5.0), "call": (200_000, 6.0), "list": (200_000, 5.0), "fib": (22, 10.0)}
 COMPILED_SIZES = (1, 10)  # megabytes of the XML that was compiled
+STRING_OPERATIONS = ("concatenate", "subString", "indexOf", "match", "formatDate")
+STRING_SIZES = (20, 2000)
+STRING_ROUNDS = 20_000
 LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
 
 
@@ -81,6 +84,20 @@ def lanes(build):
     print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
 
 
+def strings(build):
+    print(f"\n{'string':16} {'size':>5} {'ours us':>9} {'python3':>9} {'ratio':>6} {'goal':>6}")
+    for name in STRING_OPERATIONS:
+        for size in STRING_SIZES:
+            ours, python = [], []
+            for _ in range(ROUNDS):
+                run = suite(build, "bench_strings", f"/{name}/{size}$", "--benchmark_min_time=0.05")[f"runStrings/{name}/{size}"]
+                ours.append(run["cpu_time"] / run["n"] * 1e-3)
+                python.append(peer(["/usr/bin/python3", str(HERE / "peers/strings.py"), name, str(size), str(STRING_ROUNDS)])
+                              * 1e3 / STRING_ROUNDS)
+            mine, theirs = map(statistics.median, (ours, python))
+            print(f"{name:16} {size:5} {mine:9.3f} {theirs:9.3f} {mine / theirs:6.2f} {3:6.2f}")
+
+
 def values(build):
     runs = suite(build, "bench_values", ".", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
     lock = runs["recursiveLock_median"]["cpu_time"]
@@ -95,6 +112,7 @@ def main():
     jumps(build)
     load(build)
     lanes(build)
+    strings(build)
     values(build)
 
 
