@@ -2,6 +2,7 @@
 #include <OTXContext/OtxContext.h>
 #include <OTXCoreActions/ControlExceptions.h>
 #include <OTXCoreTerms/Asking.h>
+#include <SmallVector.h>
 #include <Trace.h>
 #include <otx/Interruption.h>
 #include <otx/value/COtxException.h>
@@ -15,8 +16,15 @@ namespace StringUtil {
 
 namespace {
 
+COtxValue toInteger(COtxValue value) {
+    return value.Type() == OTX::ValueType::Integer ? value : value.ToInteger();
+}
+
 // Throws OutOfBoundsException. A bad count is told as the index too; this is meant.
 void requirePlace(const OTX::IString& text, const char* term, long long index, long long count = 0) {
+    // No character has more than four bytes, which spares counting them.
+    const bool isNear = index <= static_cast<long long>(text.size() / 4);
+    if (index >= 0 && count >= 0 && isNear) return;
     const long long length = text.Length().Int();
     if (index >= 0 && count >= 0 && index <= length) return;
     // The words "not with" are meant.
@@ -57,8 +65,8 @@ OTX_TERM(MatchToRegularExpression,
 template <>
 COtxValue SubString_impl<SubString_base>::eval(otxns::OtxContext& context) const {
     const COtxValue text = otxns::evaluate(string(), context);
-    const COtxValue first = otxns::evaluate(index(), context).ToInteger();
-    const COtxValue number = otxns::evaluate(count(), context).ToInteger();
+    const COtxValue first = toInteger(otxns::evaluate(index(), context));
+    const COtxValue number = toInteger(otxns::evaluate(count(), context));
     requirePlace(text.String(), "SubString", first.Int(), number.Int());
     return text.String().SubString(first, number);
 }
@@ -67,7 +75,7 @@ template <>
 COtxValue ReplaceSubString_impl<ReplaceSubString_base>::eval(otxns::OtxContext& context) const {
     const COtxValue text = otxns::evaluate(string(), context);
     const COtxValue written = otxns::evaluate(replacement(), context);
-    const COtxValue first = otxns::evaluate(index(), context).ToInteger();
+    const COtxValue first = toInteger(otxns::evaluate(index(), context));
     requirePlace(text.String(), "ReplaceSubString", first.Int());
     return text.String().Replace(written, first);
 }
@@ -75,14 +83,20 @@ COtxValue ReplaceSubString_impl<ReplaceSubString_base>::eval(otxns::OtxContext& 
 // Other values than strings are dropped, not converted; this is meant.
 template <>
 COtxValue StringConcatenate_impl<StringConcatenate_base>::eval(otxns::OtxContext& context) const {
-    std::string text;
+    otxns::SmallVector<COtxValue, 8> parts;
+    std::size_t size = 0;
     for (const otxns::StringTerm& part : string()) {
-        const COtxValue value = otxns::evaluate(part, context);
-        if (value.Type() == OTX::ValueType::String)
-            text += value.String();
-        else
+        COtxValue value = otxns::evaluate(part, context);
+        if (value.Type() == OTX::ValueType::String) {
+            size += value.String().size();
+            parts.push_back(std::move(value));
+        } else {
             OTX_TRACE(1, "Not a string type, ignored");
+        }
     }
+    std::string text;
+    text.reserve(size);
+    for (const COtxValue& part : parts) text += part.String();
     return COtxString(std::move(text));
 }
 

@@ -25,15 +25,15 @@ constinit thread_local const detail::Interruption* detail::interruption = nullpt
 namespace {
 
 // Steps of the backtracking matcher, some 30 million in a second. A match that takes more than the first number begins
-// anew with the next, and may be interrupted in between; the last is where it is given up.
-constexpr std::uint32_t stepLimits[] = {1'000'000, 6'000'000, 24'000'000};
+// anew with the second, and may be interrupted in between; that is where it is given up.
+constexpr std::uint32_t stepLimits[] = {1'000'000, 10'000'000};
 // What these steps may keep, in KB.
 constexpr std::uint32_t memoryLimit = 64 * 1024;
 // Bytes that lookaheads and back-references may read, which the steps don't count.
 constexpr std::size_t readLimit = 1'000'000'000;
 // Comparisons of states that a match in one pass may take: it makes up to the square of their number at each character.
-constexpr double comparisonLimit = 2e9;
-constexpr double fewestStates = 16;
+constexpr double comparisonLimit = 4e8;
+constexpr double fewestStates = 24;
 constexpr double mostStates = 1000;
 
 // Either matcher uses 32 KB, more with sanitizers.

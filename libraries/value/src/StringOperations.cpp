@@ -23,10 +23,11 @@ std::size_t natural(const COtxValue& number, const char* operation) {
 
 std::size_t position(const std::string& text, const COtxValue& index, const char* operation) {
     const std::size_t value = natural(index, operation);
-    if (value > countCharacters(text))
+    const auto place = placeOfCharacter(text, value);
+    if (!place)
         fail(OTX::Exceptions_e::OutOfBoundsException,
              std::string(operation) + ": index " + std::to_string(value) + " is outside the string");
-    return byteOfCharacter(text, value);
+    return *place;
 }
 
 COtxValue eachCharacter(std::string_view text) {

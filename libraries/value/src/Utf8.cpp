@@ -10,14 +10,22 @@ namespace {
 
 bool isContinuation(char byte) noexcept { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
+std::uint64_t eightBytes(const char* place) noexcept {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, place, 8);
+    return eight;
+}
+
 // How many bytes of ASCII the text begins with, to within the last eight.
 std::size_t asciiPrefix(std::string_view text) noexcept {
+    constexpr std::uint64_t highBits = 0x8080808080808080u;
     std::size_t place = 0;
-    for (; place + 8 <= text.size(); place += 8) {
-        std::uint64_t eight = 0;
-        std::memcpy(&eight, text.data() + place, 8);
-        if ((eight & 0x8080808080808080u) != 0) return place;
+    for (; place + 64 <= text.size(); place += 64) {
+        std::uint64_t block = 0;
+        for (std::size_t word = 0; word < 64; word += 8) block |= eightBytes(text.data() + place + word);
+        if ((block & highBits) != 0) break;
     }
+    while (place + 8 <= text.size() && (eightBytes(text.data() + place) & highBits) == 0) place += 8;
     return place;
 }
 
@@ -82,7 +90,7 @@ std::size_t countCharacters(std::string_view text) noexcept {
     return count;
 }
 
-std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept {
+std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t position) noexcept {
     std::string_view rest = text;
     while (position > 0 && !rest.empty()) {
         const std::size_t plain = asciiPrefix(rest.substr(0, position));
@@ -90,7 +98,12 @@ std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcep
         position -= plain;
         for (int next = 0; next < 8 && position > 0 && !rest.empty(); ++next, --position) takeCharacter(rest);
     }
+    if (position > 0) return std::nullopt;
     return text.size() - rest.size();
+}
+
+std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept {
+    return position >= text.size() ? text.size() : placeOfCharacter(text, position).value_or(text.size());
 }
 
 bool isUtf8(std::string_view text) noexcept {

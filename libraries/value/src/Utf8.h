@@ -19,7 +19,10 @@ void appendUtf8(std::string& text, char32_t character);
 
 // Characters in the text; a byte that is no UTF-8 counts as one.
 std::size_t countCharacters(std::string_view text) noexcept;
-// The byte at which the character of that position begins; the text's size for a position past its end.
+// The byte at which the character of that position begins: the text's size for the position at its end, nothing for one
+// past it.
+std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t position) noexcept;
+// The same, with the text's size for a position past its end too.
 std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept;
 
 bool isUtf8(std::string_view text) noexcept;
