@@ -29,6 +29,13 @@ std::size_t asciiPrefix(std::string_view text) noexcept {
     return place;
 }
 
+void skipCharacter(std::string_view& text) noexcept {
+    if (static_cast<unsigned char>(text.front()) < 0x80)
+        text.remove_prefix(1);
+    else
+        takeCharacter(text);
+}
+
 }  // namespace
 
 std::optional<char32_t> takeCharacter(std::string_view& text) noexcept {
@@ -85,7 +92,7 @@ std::size_t countCharacters(std::string_view text) noexcept {
         const std::size_t plain = asciiPrefix(text);
         count += plain;
         text.remove_prefix(plain);
-        for (int next = 0; next < 8 && !text.empty(); ++next, ++count) takeCharacter(text);
+        for (int next = 0; next < 8 && !text.empty(); ++next, ++count) skipCharacter(text);
     }
     return count;
 }
@@ -96,7 +103,7 @@ std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t p
         const std::size_t plain = asciiPrefix(rest.substr(0, position));
         rest.remove_prefix(plain);
         position -= plain;
-        for (int next = 0; next < 8 && position > 0 && !rest.empty(); ++next, --position) takeCharacter(rest);
+        for (int next = 0; next < 8 && position > 0 && !rest.empty(); ++next, --position) skipCharacter(rest);
     }
     if (position > 0) return std::nullopt;
     return text.size() - rest.size();
