@@ -17,7 +17,7 @@ extern OTX_API constinit thread_local const Interruption* interruption __attribu
 
 }  // namespace detail
 
-// Between two pieces of its work, about every tenth of a second: throws what the thread's InterruptionScope throws.
+// Called by such an operation between two pieces of its work; throws what the thread's InterruptionScope throws.
 inline void checkInterruption() {
     if (detail::interruption != nullptr) detail::interruption->ask(detail::interruption->data);
 }
