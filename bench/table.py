@@ -18,6 +18,9 @@ COMPILED_SIZES = (1, 10)  # megabytes of the XML that was compiled
 SAVES = int(os.environ.get("BENCH_SAVES", "10000"))  # 100000 takes a minute
 SERVICE_ROUNDS = 9
 INTERLEAVED = ("--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
+STRING_OPERATIONS = ("concatenate", "subString", "indexOf", "match", "formatDate")
+STRING_SIZES = (20, 2000)
+STRING_ROUNDS = 20_000
 LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
 
 
@@ -85,6 +88,18 @@ def lanes(build):
     print(f"{'waking a node, of a bare condition variable':44} {time['lanes/wake'] / time['bareWakes']:6.2f} {1.3:6.2f}")
 
 
+def strings(build):
+    print(f"\n{'string':16} {'size':>5} {'ours us':>9} {'python3':>9} {'ratio':>6} {'goal':>6}")
+    for name in STRING_OPERATIONS:
+        for size in STRING_SIZES:
+            ours, python = [], []
+            for _ in range(ROUNDS):
+                run = suite(build, "bench_strings", f"/{name}/{size}$", "--benchmark_min_time=0.05")[f"runStrings/{name}/{size}"]
+                ours.append(run["cpu_time"] / run["n"] * 1e-3)
+                python.append(peer(["/usr/bin/python3", str(HERE / "peers/strings.py"), name, str(size), str(STRING_ROUNDS)])
+                              * 1e3 / STRING_ROUNDS)
+            mine, theirs = map(statistics.median, (ours, python))
+            print(f"{name:16} {size:5} {mine:9.3f} {theirs:9.3f} {mine / theirs:6.2f} {3:6.2f}")
 def services(build):
     """Of one service, without the loop around it, in processor time of all threads."""
     runs = suite(build, "bench_diag", "/(bare|services|fresh)/", "--benchmark_min_time=0.1", *INTERLEAVED)
@@ -156,7 +171,7 @@ def values(build):
 
 def main():
     build = pathlib.Path(sys.argv[1])
-    parts = (programs, jumps, load, lanes, services, download, service_lanes, persist, screens, values)
+    parts = (programs, jumps, load, lanes, strings, services, download, service_lanes, persist, screens, values)
     for part in parts:
         if not sys.argv[2:] or part.__name__ in sys.argv[2:]:
             part(build)

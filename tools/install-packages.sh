@@ -6,6 +6,7 @@ packages=(
     g++ cmake ninja-build make git python3
     libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev
     libedit-dev
+    libicu-dev libpcre2-dev
     libsqlite3-dev
     libssl-dev
     libgtest-dev libudunits2-dev

@@ -8,6 +8,7 @@
 
 #include <fstream>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -16,17 +17,25 @@ public:
     void sendRequest(const COtxValue&) override {}
 };
 
-// Gives the outputs of the last run. `install` gives the sequencer what the document needs beside a sink.
+// The arguments hold the number of rounds as "n". `install` gives the sequencer what the document needs beside a sink. Gives the
+// outputs of the last run.
 inline COtxValue runProcedure(benchmark::State& state, const std::string& document, const std::string& procedure,
-                              long long n, const std::function<void(velkotx::Sequencer&)>& install = {},
+                              const std::map<const std::string, COtxValue>& values,
+                              const std::function<void(velkotx::Sequencer&)>& install = {},
                               const std::shared_ptr<velkotx::HostEventSink>& sink = std::make_shared<SilentSink>()) {
     std::ifstream file(std::string(PROGRAMS_FOLDER "/") + document + ".otx");
     const auto sequencer = velkotx::CreateSequencer(file);
     sequencer->SetHost(sink);
     if (install) install(*sequencer);
-    const COtxMap arguments(std::map<const std::string, COtxValue>{{"n", COtxInt(n)}});
+    const COtxMap arguments(values);
     COtxValue outputs;
     for (auto _ : state) outputs = sequencer->Run(procedure, arguments, false);
-    state.counters["n"] = static_cast<double>(n);
+    state.counters["n"] = static_cast<double>(values.at("n").Int());
     return outputs;
+}
+
+inline COtxValue runProcedure(benchmark::State& state, const std::string& document, const std::string& procedure,
+                              long long n, const std::function<void(velkotx::Sequencer&)>& install = {},
+                              const std::shared_ptr<velkotx::HostEventSink>& sink = std::make_shared<SilentSink>()) {
+    return runProcedure(state, document, procedure, {{"n", COtxInt(n)}}, install, sink);
 }

@@ -102,6 +102,9 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.steps.push_back({Step::Kind::event, "", rest});
     } else if (directive == "stops") {
         script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
+    } else if (directive == "zone") {
+        if (rest.empty()) throw std::runtime_error("no time zone: " + line);
+        script_.zone = rest;
     } else if (directive == "nohost") {
         script_.withHost = false;
     } else if (directive == "keep") {

@@ -31,6 +31,7 @@ struct Script {
     std::vector<Step> steps;
     std::vector<TraceFilter> trace;
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
+    std::string zone = "UTC0";  // the time zone, in the form of the variable TZ
     bool withHost = true;
     bool keepMessages = false;  // and look at them again when the run is over
     bool hostGone = false;  // the callback object is installed, and has gone before the first run

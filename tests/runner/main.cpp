@@ -7,6 +7,7 @@
 #include "Locale.h"
 #include "Options.h"
 #include "Watch.h"
+#include "Zone.h"
 
 #include <fnmatch.h>
 
@@ -93,6 +94,7 @@ Verdict check(const std::string& name, const Options& options) {
     const Form form = formOf(name, expectation, options);
     if (!form.missing.empty()) return skip(name, form.missing);
     if (options.verbose) print("running " + name + "\n");
+    installZone(expectation.script().zone);
     const auto actual = runDocument(form.text, expectation.script(), options.mode);
     const bool refused = !actual.empty() && actual.back().starts_with(R"({"outcome":"unloadable")");
     if (refused != mustBeRefused(name)) {

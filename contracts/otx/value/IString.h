@@ -22,11 +22,14 @@ public:
     virtual COtxValue SubString(const COtxValue& index, const COtxValue& count) const = 0;
     // String: the replacement written over the characters from `index` on; past the end it lengthens the string.
     virtual COtxValue Replace(const COtxValue& replacement, const COtxValue& index) const = 0;
-    // List of Strings: the parts between the delimiters, empty ones included. An empty delimiter throws kind 19.
+    // List of Strings: the parts between the delimiters, empty ones included; the characters for an empty delimiter.
     virtual COtxValue Split(const COtxValue& delimiter) const = 0;
+    // String: the full mapping of Unicode, which may change the length, the same under every locale.
     virtual COtxValue ToUpper() const = 0;
     virtual COtxValue ToLower() const = 0;
-    // Boolean: whether the whole string matches the ECMAScript expression. A bad expression throws kind 19.
+    // Boolean: whether the whole string matches the ECMAScript expression (docs/modules/string-util.md). A bad expression
+    // throws kind 19, as does a match that takes too much work, memory or stack: none takes more than some seconds. It may
+    // be interrupted (otx/Interruption.h).
     virtual COtxValue Match(const COtxValue& expression) const = 0;
 
 protected:

@@ -1,79 +1,62 @@
-// Upper and lower case of Latin, Greek and Cyrillic letters.
-#include <array>
+// Upper and lower case by the tables of Unicode.
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
 
+#include <limits>
+
+#include "Refusal.h"
 #include "Utf8.h"
 
 namespace otx {
 
 namespace {
 
-// Letters whose lower case stands at a fixed distance above the upper case.
-struct Range {
-    char32_t firstUpper;
-    char32_t lastUpper;
-    char32_t distance;
-};
+// The mapping of the root locale: that of the process doesn't count.
+constexpr const char* noLocale = "";
 
-constexpr std::array<Range, 13> ranges{{
-    {U'A', U'Z', 32},
-    {0x00C0, 0x00D6, 32},
-    {0x00D8, 0x00DE, 32},
-    {0x0178, 0x0178, static_cast<char32_t>(-121)},  // Y with diaeresis, whose lower case is in Latin-1
-    {0x0386, 0x0386, 38},
-    {0x0388, 0x038A, 37},
-    {0x038C, 0x038C, 64},
-    {0x038E, 0x038F, 63},
-    {0x0391, 0x03A1, 32},
-    {0x03A3, 0x03AB, 32},
-    {0x0400, 0x040F, 80},
-    {0x0410, 0x042F, 32},
-    {0x1E9E, 0x1E9E, static_cast<char32_t>(0xDF - 0x1E9E)},
-}};
+template <class Map>
+std::string mapped(std::string_view text, Map map) {
+    if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max() / 2))
+        fail(OTX::Exceptions_e::StringUtilException, "The text is too long for a change of case");
+    std::string result;
+    icu::StringByteSink<std::string> sink(&result, static_cast<std::int32_t>(text.size()));
+    UErrorCode error = U_ZERO_ERROR;
+    map(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())), sink, error);
+    if (U_FAILURE(error)) fail(OTX::Exceptions_e::StringUtilException, u_errorName(error));
+    return result;
+}
 
-// Letters in pairs: the upper case, then the lower case right after it.
-struct Pairs {
-    char32_t firstUpper;
-    char32_t lastUpper;
-};
-
-// The dotted and dotless i of Turkish (U+0130, U+0131) are left out: their other case depends on the language.
-constexpr std::array<Pairs, 7> pairs{{
-    {0x0100, 0x012E},
-    {0x0132, 0x0136},
-    {0x0139, 0x0147},
-    {0x014A, 0x0176},
-    {0x0179, 0x017D},
-    {0x0460, 0x0480},
-    {0x048A, 0x04BE},
-}};
+// Both mappings leave bytes that are no UTF-8 to the caller.
+template <class Map>
+std::string mappedAround(std::string_view text, Map map) {
+    if (isUtf8(text)) return mapped(text, map);
+    std::string result;
+    std::string_view valid = text.substr(0, 0);
+    for (std::string_view rest = text; !rest.empty();) {
+        const char* const place = rest.data();
+        if (takeCharacter(rest)) {
+            valid = {valid.data(), static_cast<std::size_t>(rest.data() - valid.data())};
+            continue;
+        }
+        result += mapped(valid, map);
+        result += *place;
+        valid = rest.substr(0, 0);
+    }
+    return result + mapped(valid, map);
+}
 
 }  // namespace
 
-char32_t toUpper(char32_t character) noexcept {
-    // The capital sharp s exists, but the small one keeps its form.
-    if (character == 0x00DF) return character;
-    for (const Range& range : ranges) {
-        const char32_t upper = character - range.distance;
-        if (upper >= range.firstUpper && upper <= range.lastUpper) return upper;
-    }
-    for (const Pairs& block : pairs) {
-        if (character > block.firstUpper && character <= block.lastUpper + 1 &&
-            (character - block.firstUpper) % 2 == 1)
-            return character - 1;
-    }
-    return character;
+std::string upperCase(std::string_view text) {
+    return mappedAround(text, [](icu::StringPiece piece, icu::ByteSink& sink, UErrorCode& error) {
+        icu::CaseMap::utf8ToUpper(noLocale, 0, piece, sink, nullptr, error);
+    });
 }
 
-char32_t toLower(char32_t character) noexcept {
-    for (const Range& range : ranges) {
-        if (character >= range.firstUpper && character <= range.lastUpper) return character + range.distance;
-    }
-    for (const Pairs& block : pairs) {
-        if (character >= block.firstUpper && character <= block.lastUpper &&
-            (character - block.firstUpper) % 2 == 0)
-            return character + 1;
-    }
-    return character;
+std::string lowerCase(std::string_view text) {
+    return mappedAround(text, [](icu::StringPiece piece, icu::ByteSink& sink, UErrorCode& error) {
+        icu::CaseMap::utf8ToLower(noLocale, 0, piece, sink, nullptr, error);
+    });
 }
 
 }  // namespace otx

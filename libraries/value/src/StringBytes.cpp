@@ -1,7 +1,12 @@
 // Texts as bytes in each of the string encodings.
 #include "StringBytes.h"
 
-#include <string_view>
+#include <unicode/localpointer.h>
+#include <unicode/ucnv.h>
+#include <unicode/ustring.h>
+
+#include <cstdint>
+#include <limits>
 
 #include "Enumerations.h"
 #include "Refusal.h"
@@ -28,83 +33,82 @@ using Bytes = std::vector<unsigned char>;
                  enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding)));
 }
 
-// Calls with each character of a UTF-8 text.
-template <class Take>
-void eachCharacter(std::string_view text, Encoding encoding, Take take) {
-    while (!text.empty()) {
-        const auto character = takeCharacter(text);
-        if (!character) failEncode(encoding);
-        take(*character);
+constexpr char16_t byteOrderMark = 0xFEFF;
+
+const char* converterOf(Encoding encoding) noexcept {
+    switch (encoding) {
+        case Encoding::UsAscii: return "US-ASCII";
+        case Encoding::Iso8859_1: return "ISO-8859-1";
+        case Encoding::Utf16LE: return "UTF-16LE";
+        default: return "UTF-16BE";
     }
 }
 
-Bytes encodeNarrow(const std::string& text, Encoding encoding, char32_t largest) {
-    Bytes bytes;
-    bytes.reserve(text.size());
-    eachCharacter(text, encoding, [&](char32_t character) {
-        if (character > largest) failEncode(encoding);
-        bytes.push_back(static_cast<unsigned char>(character));
-    });
+// Stops at whatever the encoding can't carry.
+icu::LocalUConverterPointer openConverter(Encoding encoding) {
+    UErrorCode error = U_ZERO_ERROR;
+    icu::LocalUConverterPointer converter(ucnv_open(converterOf(encoding), &error));
+    ucnv_setFromUCallBack(converter.getAlias(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
+    ucnv_setToUCallBack(converter.getAlias(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
+    if (U_FAILURE(error)) failEncoding(std::string("The converter is missing: ") + u_errorName(error));
+    return converter;
+}
+
+// Sizes as the converters count them, with room for the largest form of each unit.
+std::int32_t sizeOf(std::size_t size) {
+    if (size > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max() / 4) - 16)
+        failEncoding("The text is too long to be converted");
+    return static_cast<std::int32_t>(size);
+}
+
+Bytes encodeConverted(const std::string& text, Encoding encoding) {
+    const std::int32_t size = sizeOf(text.size());
+    std::u16string units(text.size() + 1, u'\0');
+    std::int32_t length = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    u_strFromUTF8(units.data(), size + 1, &length, text.data(), size, &error);
+    if (U_FAILURE(error)) failEncode(encoding);
+    units.resize(static_cast<std::size_t>(length));
+    if (encoding == Encoding::Utf16) units.insert(units.begin(), byteOrderMark);
+
+    const auto converter = openConverter(encoding);
+    const auto count = static_cast<std::int32_t>(units.size());
+    Bytes bytes(static_cast<std::size_t>(
+        UCNV_GET_MAX_BYTES_FOR_STRING(count, ucnv_getMaxCharSize(converter.getAlias()))));
+    const std::int32_t written = ucnv_fromUChars(converter.getAlias(), reinterpret_cast<char*>(bytes.data()),
+                                                 static_cast<std::int32_t>(bytes.size()), units.data(), count, &error);
+    if (U_FAILURE(error)) failEncode(encoding);
+    bytes.resize(static_cast<std::size_t>(written));
     return bytes;
 }
 
-std::string decodeNarrow(const Bytes& bytes, Encoding encoding, char32_t largest) {
-    std::string text;
-    text.reserve(bytes.size());
-    for (const unsigned char byte : bytes) {
-        if (byte > largest) failDecode(encoding);
-        appendUtf8(text, byte);
-    }
-    return text;
+// UTF-16 of either order: read by the mark, which goes.
+Encoding orderByMark(const unsigned char*& begin, std::size_t& size) noexcept {
+    if (size < 2) return Encoding::Utf16BE;
+    const unsigned mark = begin[0] * 256u + begin[1];
+    if (mark != byteOrderMark && mark != 0xFFFE) return Encoding::Utf16BE;
+    begin += 2;
+    size -= 2;
+    return mark == byteOrderMark ? Encoding::Utf16BE : Encoding::Utf16LE;
 }
 
-Bytes encodeUtf16(const std::string& text, Encoding encoding) {
-    Bytes bytes;
-    const auto putUnit = [&](char32_t unit) {
-        const auto high = static_cast<unsigned char>(unit >> 8);
-        const auto low = static_cast<unsigned char>(unit);
-        const bool little = encoding == Encoding::Utf16LE;
-        bytes.push_back(little ? low : high);
-        bytes.push_back(little ? high : low);
-    };
-    if (encoding == Encoding::Utf16) putUnit(0xFEFF);
-    eachCharacter(text, encoding, [&](char32_t character) {
-        if (character < 0x10000) {
-            putUnit(character);
-        } else {
-            putUnit(0xD800 + ((character - 0x10000) >> 10));
-            putUnit(0xDC00 + ((character - 0x10000) & 0x3FF));
-        }
-    });
-    return bytes;
-}
+std::string decodeConverted(const Bytes& bytes, Encoding encoding) {
+    const unsigned char* begin = bytes.data();
+    std::size_t size = bytes.size();
+    const Encoding order = encoding == Encoding::Utf16 ? orderByMark(begin, size) : encoding;
 
-std::string decodeUtf16(const Bytes& bytes, Encoding encoding) {
-    if (bytes.size() % 2 != 0) failDecode(encoding);
-    bool little = encoding == Encoding::Utf16LE;
-    const auto unitAt = [&](std::size_t place) {
-        return little ? static_cast<char32_t>(bytes[place] | bytes[place + 1] << 8)
-                      : static_cast<char32_t>(bytes[place] << 8 | bytes[place + 1]);
-    };
-    std::size_t place = 0;
-    if (encoding == Encoding::Utf16 && bytes.size() >= 2) {
-        const char32_t mark = unitAt(0);
-        little = mark == 0xFFFE;
-        if (little || mark == 0xFEFF) place = 2;
-    }
-    std::string text;
-    for (; place < bytes.size(); place += 2) {
-        const char32_t unit = unitAt(place);
-        if (unit < 0xD800 || unit > 0xDFFF) {
-            appendUtf8(text, unit);
-            continue;
-        }
-        place += 2;
-        if (unit > 0xDBFF || place >= bytes.size()) failDecode(encoding);
-        const char32_t second = unitAt(place);
-        if (second < 0xDC00 || second > 0xDFFF) failDecode(encoding);
-        appendUtf8(text, 0x10000 + ((unit - 0xD800) << 10) + (second - 0xDC00));
-    }
+    const auto converter = openConverter(order);
+    std::u16string units(size + 1, u'\0');
+    UErrorCode error = U_ZERO_ERROR;
+    const std::int32_t count = ucnv_toUChars(converter.getAlias(), units.data(), sizeOf(units.size()),
+                                             reinterpret_cast<const char*>(begin), sizeOf(size), &error);
+    if (U_FAILURE(error)) failDecode(encoding);
+
+    std::string text(static_cast<std::size_t>(count) * 3 + 1, '\0');
+    std::int32_t length = 0;
+    u_strToUTF8(text.data(), static_cast<std::int32_t>(text.size()), &length, units.data(), count, &error);
+    if (U_FAILURE(error)) failDecode(encoding);
+    text.resize(static_cast<std::size_t>(length));
     return text;
 }
 
@@ -160,12 +164,14 @@ std::string decodeDigits(const Bytes& bytes, Encoding encoding) {
 
 std::vector<unsigned char> encodeText(const std::string& text, Encoding encoding) {
     switch (encoding) {
-        case Encoding::UsAscii: return encodeNarrow(text, encoding, 0x7F);
-        case Encoding::Iso8859_1: return encodeNarrow(text, encoding, 0xFF);
-        case Encoding::Utf8: eachCharacter(text, encoding, [](char32_t) {}); return Bytes(text.begin(), text.end());
+        case Encoding::Utf8:
+            if (!isUtf8(text)) failEncode(encoding);
+            return Bytes(text.begin(), text.end());
+        case Encoding::UsAscii:
+        case Encoding::Iso8859_1:
         case Encoding::Utf16BE:
         case Encoding::Utf16LE:
-        case Encoding::Utf16: return encodeUtf16(text, encoding);
+        case Encoding::Utf16: return encodeConverted(text, encoding);
         case Encoding::Bin:
         case Encoding::Oct:
         case Encoding::Hex: return encodeDigits(text, encoding);
@@ -175,18 +181,16 @@ std::vector<unsigned char> encodeText(const std::string& text, Encoding encoding
 
 std::string decodeText(const std::vector<unsigned char>& bytes, Encoding encoding) {
     switch (encoding) {
-        case Encoding::UsAscii: return decodeNarrow(bytes, encoding, 0x7F);
-        case Encoding::Iso8859_1: return decodeNarrow(bytes, encoding, 0xFF);
         case Encoding::Utf8: {
             std::string text(bytes.begin(), bytes.end());
-            for (std::string_view rest = text; !rest.empty();) {
-                if (!takeCharacter(rest)) failDecode(encoding);
-            }
+            if (!isUtf8(text)) failDecode(encoding);
             return text;
         }
+        case Encoding::UsAscii:
+        case Encoding::Iso8859_1:
         case Encoding::Utf16BE:
         case Encoding::Utf16LE:
-        case Encoding::Utf16: return decodeUtf16(bytes, encoding);
+        case Encoding::Utf16: return decodeConverted(bytes, encoding);
         case Encoding::Bin:
         case Encoding::Oct:
         case Encoding::Hex: return decodeDigits(bytes, encoding);

@@ -23,23 +23,21 @@ std::size_t natural(const COtxValue& number, const char* operation) {
 
 std::size_t position(const std::string& text, const COtxValue& index, const char* operation) {
     const std::size_t value = natural(index, operation);
-    if (value > countCharacters(text))
+    const auto place = placeOfCharacter(text, value);
+    if (!place)
         fail(OTX::Exceptions_e::OutOfBoundsException,
              std::string(operation) + ": index " + std::to_string(value) + " is outside the string");
-    return byteOfCharacter(text, value);
+    return *place;
 }
 
-COtxValue mapped(const std::string& text, char32_t (*mapping)(char32_t) noexcept) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::string_view rest = text; !rest.empty();) {
-        const char byte = rest.front();
-        if (const auto character = takeCharacter(rest))
-            appendUtf8(result, mapping(*character));
-        else
-            result += byte;
+COtxValue eachCharacter(std::string_view text) {
+    std::vector<COtxValue> characters;
+    while (!text.empty()) {
+        const std::string_view before = text;
+        takeCharacter(text);
+        characters.push_back(makeText(std::string(before.substr(0, before.size() - text.size()))));
     }
-    return makeText(std::move(result));
+    return COtxList(std::move(characters));
 }
 
 }  // namespace
@@ -69,7 +67,7 @@ COtxValue stringReplace(const std::string& text, const COtxValue& replacement, c
 
 COtxValue stringSplit(const std::string& text, const COtxValue& delimiter) {
     const std::string& mark = delimiter.String();
-    if (mark.empty()) fail(OTX::Exceptions_e::StringUtilException, "Split: the delimiter is empty");
+    if (mark.empty()) return eachCharacter(text);
     std::vector<COtxValue> parts;
     std::size_t begin = 0;
     for (std::size_t end = text.find(mark); end != std::string::npos; end = text.find(mark, begin)) {
@@ -80,7 +78,7 @@ COtxValue stringSplit(const std::string& text, const COtxValue& delimiter) {
     return COtxList(std::move(parts));
 }
 
-COtxValue stringToUpper(const std::string& text) { return mapped(text, toUpper); }
-COtxValue stringToLower(const std::string& text) { return mapped(text, toLower); }
+COtxValue stringToUpper(const std::string& text) { return makeText(upperCase(text)); }
+COtxValue stringToLower(const std::string& text) { return makeText(lowerCase(text)); }
 
 }  // namespace otx

@@ -1,7 +1,8 @@
 // UTF-8 and its characters.
 #include "Utf8.h"
 
-#include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace otx {
 
@@ -9,8 +10,30 @@ namespace {
 
 bool isContinuation(char byte) noexcept { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
-bool isAscii(std::string_view text) noexcept {
-    return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+std::uint64_t eightBytes(const char* place) noexcept {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, place, 8);
+    return eight;
+}
+
+// How many bytes of ASCII the text begins with, to within the last eight.
+std::size_t asciiPrefix(std::string_view text) noexcept {
+    constexpr std::uint64_t highBits = 0x8080808080808080u;
+    std::size_t place = 0;
+    for (; place + 64 <= text.size(); place += 64) {
+        std::uint64_t block = 0;
+        for (std::size_t word = 0; word < 64; word += 8) block |= eightBytes(text.data() + place + word);
+        if ((block & highBits) != 0) break;
+    }
+    while (place + 8 <= text.size() && (eightBytes(text.data() + place) & highBits) == 0) place += 8;
+    return place;
+}
+
+void skipCharacter(std::string_view& text) noexcept {
+    if (static_cast<unsigned char>(text.front()) < 0x80)
+        text.remove_prefix(1);
+    else
+        takeCharacter(text);
 }
 
 }  // namespace
@@ -64,24 +87,47 @@ void appendUtf8(std::string& text, char32_t character) {
 }
 
 std::size_t countCharacters(std::string_view text) noexcept {
-    if (isAscii(text)) return text.size();
     std::size_t count = 0;
-    for (; !text.empty(); ++count) takeCharacter(text);
+    while (!text.empty()) {
+        const std::size_t plain = asciiPrefix(text);
+        count += plain;
+        text.remove_prefix(plain);
+        for (int next = 0; next < 8 && !text.empty(); ++next, ++count) skipCharacter(text);
+    }
     return count;
 }
 
-std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept {
-    if (isAscii(text)) return std::min(position, text.size());
+std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t position) noexcept {
     std::string_view rest = text;
-    for (; position > 0 && !rest.empty(); --position) takeCharacter(rest);
+    while (position > 0 && !rest.empty()) {
+        const std::size_t plain = asciiPrefix(rest.substr(0, position));
+        rest.remove_prefix(plain);
+        position -= plain;
+        for (int next = 0; next < 8 && position > 0 && !rest.empty(); ++next, --position) skipCharacter(rest);
+    }
+    if (position > 0) return std::nullopt;
     return text.size() - rest.size();
 }
 
-std::u32string decodeUtf8(std::string_view text) {
-    std::u32string characters;
-    characters.reserve(text.size());
-    while (!text.empty()) characters += takeCharacter(text).value_or(replacementCharacter);
-    return characters;
+std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept {
+    return position >= text.size() ? text.size() : placeOfCharacter(text, position).value_or(text.size());
+}
+
+bool isUtf8(std::string_view text) noexcept {
+    while (!text.empty()) {
+        text.remove_prefix(asciiPrefix(text));
+        for (int next = 0; next < 8 && !text.empty(); ++next) {
+            if (!takeCharacter(text)) return false;
+        }
+    }
+    return true;
+}
+
+std::string repairUtf8(std::string_view text) {
+    std::string repaired;
+    repaired.reserve(text.size());
+    while (!text.empty()) appendUtf8(repaired, takeCharacter(text).value_or(replacementCharacter));
+    return repaired;
 }
 
 }  // namespace otx

@@ -19,14 +19,19 @@ void appendUtf8(std::string& text, char32_t character);
 
 // Characters in the text; a byte that is no UTF-8 counts as one.
 std::size_t countCharacters(std::string_view text) noexcept;
-// The byte at which the character of that position begins; the text's size for a position past its end.
+// The byte at which the character of that position begins: the text's size for the position at its end, nothing for one
+// past it.
+std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t position) noexcept;
+// The same, with the text's size for a position past its end too.
 std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept;
 
-// The characters; replacementCharacter for each byte that is no UTF-8.
-std::u32string decodeUtf8(std::string_view text);
+bool isUtf8(std::string_view text) noexcept;
+// The text with replacementCharacter for each byte that is no UTF-8.
+std::string repairUtf8(std::string_view text);
 
-// Simple case mapping of Latin, Greek and Cyrillic letters; others stay. The same under every locale.
-char32_t toUpper(char32_t character) noexcept;
-char32_t toLower(char32_t character) noexcept;
+// Full case mapping of Unicode, the same under every locale; bytes that are no UTF-8 stay. Throw kind 19 for a text of a
+// gigabyte.
+std::string upperCase(std::string_view text);
+std::string lowerCase(std::string_view text);
 
 }  // namespace otx
