@@ -16,13 +16,18 @@ UdsTraffic::Possession::~Possession() {
         giveBack(nullptr, false);
 }
 
+bool UdsTraffic::Possession::isLost() const {
+    const std::lock_guard guard(traffic_.trafficLock_);
+    return traffic_.link_ != link_;
+}
+
 void UdsTraffic::Possession::release(const UdsExchange& exchange, bool broken) { giveBack(&exchange, broken); }
 void UdsTraffic::Possession::release(bool broken) { giveBack(nullptr, broken); }
 
 bool UdsTraffic::Possession::handOver(UdsExchange&& exchange) {
     {
         const std::lock_guard guard(traffic_.trafficLock_);
-        if (traffic_.state_ != UdsChannel::State::Closed) {
+        if (traffic_.state_ == UdsChannel::State::Open) {
             traffic_.user_ = User::Thread;
             traffic_.resumed_ = std::move(exchange);
             held_ = false;

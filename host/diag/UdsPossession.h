@@ -17,11 +17,13 @@ public:
     Link& link() const noexcept { return *link_; }
     const UdsTiming& timing() const noexcept { return timing_; }
 
+    // Whether the communication was stopped meanwhile, which took this link away.
+    bool isLost() const;
     // The exchange has ended; a broken link takes the channel down.
     void release(const UdsExchange& exchange, bool broken);
     void release(bool broken);
-    // Leaves the link and the exchange to the channel's thread; false when the channel is closed, and the link is given
-    // back.
+    // Leaves the link and the exchange to the channel's thread; false when the channel is stopped or closed, and the link
+    // is given back.
     bool handOver(UdsExchange&& exchange);
 
 private:

@@ -45,6 +45,8 @@ private:
     void awaitEndOfBurst(Lock& lock);
     void release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken);
     bool run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience);
+    // How a request ends that is made in that state, or runs into it.
+    static UdsOutcome::End endBy(UdsChannel::State state);
     static void refuse(std::deque<UdsExchange>&& exchanges, UdsOutcome::End end);
 
     bool resume(Lock& lock);

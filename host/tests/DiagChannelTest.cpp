@@ -223,8 +223,10 @@ TEST_F(DiagChannels, ToAGroupAreFunctional) {
     com.ExecuteHexDiagService(COtxByteField({0x22, 0x00, 0x01}), true);
     EXPECT_EQ(network->functional(), (std::vector<bool>{true, true}));
     EXPECT_EQ(kindOf([&] { open("All", "Euro5"); }), 8);
+    EXPECT_EQ(com.GetComParameterValue(COtxString("CP_P2Max"), ValueType::Integer).Int(), 60000);
+    EXPECT_EQ(kindOf([&] { com.GetComParameterValue(COtxString("CP_Name"), ValueType::String); }), 8);
+    EXPECT_EQ(com.GetComParameterValue(COtxString("CP_P2Star"), ValueType::Integer).Int(), 5000000);
     EXPECT_EQ(kindOf([&] { com.IdentifyAndSelectVariant(); }), 7);
-    EXPECT_EQ(com.GetComParameterValue(COtxString("CP_P2Max"), ValueType::Integer).Int(), 50000);
 }
 
 TEST_F(DiagChannels, ACancelledRunEndsTheWaitForARawResponse) {

@@ -82,7 +82,7 @@ TEST(DiagRequestParameters, AWrongPathIsAnUnknownTarget) {
     const auto request = makeRequest({value("first", 8)});
     std::string why;
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({text("last")})); }, &why), 8);
-    EXPECT_EQ(why, "'Request' has no 'last'");
+    EXPECT_EQ(why, "'Request' has no parameter 'last'; there are 'first'");
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({COtxInt(1)})); }), 8);
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({COtxInt(-1)})); }), 8);
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({})); }), 8);
