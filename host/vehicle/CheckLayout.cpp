@@ -54,7 +54,8 @@ void checkLevel(const JsonPlace& list, const std::vector<ParameterDescription>& 
             }
             const JsonNode& node = place.node();
             for (std::size_t member = 0; member < node.keys.size(); ++member)
-                if (node.keys[member] == "fields" && !node.items[member].repeated)
+                if (node.keys[member] == "fields" && !node.items[member].repeated &&
+                    node.items[member].kind == JsonNode::Kind::List)
                     checkLevel(place.inside(node.items[member], "fields"), parameter.fields, 0, counters, inner);
         }
         if (canCount(parameter))
