@@ -20,6 +20,13 @@ std::string milliseconds(Clock::Duration time) {
     return std::to_string(std::chrono::duration_cast<std::chrono::milliseconds>(time).count()) + " ms";
 }
 
+std::string times(unsigned count) {
+    std::string text;
+    if (count > 1)
+        text.append(" ").append(std::to_string(count)).append(" times");
+    return text;
+}
+
 // Which kinds of responses there are.
 struct Seen {
     bool positive = false;
@@ -48,8 +55,7 @@ std::optional<DiagFailure> failureOf(const UdsOutcome& outcome, const std::strin
                                "no response from '" + channel + "' within " + milliseconds(outcome.waited)};
         case UdsOutcome::End::NeverSent:
             return DiagFailure{Exceptions_e::DiagComException,
-                               "'" + channel + "' announced a response" +
-                                   (outcome.pending > 1 ? " " + std::to_string(outcome.pending) + " times" : "") +
+                               "'" + channel + "' announced a response" + times(outcome.pending) +
                                    ", but none came within " + milliseconds(outcome.waited)};
         case UdsOutcome::End::LinkBroken:
             return DiagFailure{Exceptions_e::LossOfComException,

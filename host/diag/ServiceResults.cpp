@@ -31,11 +31,16 @@ void ServiceResults::abandon() {
     signalListeners();
 }
 
-void ServiceResults::end(Result result, const COtxValue& service) {
+void ServiceResults::end(Result result, const COtxValue& service) { replace(std::move(result), service, false); }
+void ServiceResults::refuse(Result result, const COtxValue& service) { replace(std::move(result), service, true); }
+
+void ServiceResults::replace(Result&& result, const COtxValue& service, bool refused) {
     std::deque<Result> old;
     {
         const std::lock_guard guard(resultsLock_);
         ++ended_;
+        if (refused)
+            refused_ = started_;
         old.swap(results_);
         store(std::move(result));
     }
@@ -84,7 +89,7 @@ std::uint64_t ServiceResults::started() const {
 
 bool ServiceResults::haveEnded(std::uint64_t executions) const {
     const std::lock_guard guard(resultsLock_);
-    return ended_ >= executions;
+    return ended_ >= executions || refused_ >= executions;
 }
 
 void ServiceResults::listen(const COtxValue& listener) {

@@ -31,11 +31,13 @@ public:
     void abandon();
     // It has ended: its result takes the place of all others. `service` is what the event holds.
     void end(Result result, const COtxValue& service);
+    // The same for one that was refused at once, ahead of those that were started before it.
+    void refuse(Result result, const COtxValue& service);
     // One of a repeated execution has ended: its result comes behind the others.
     void append(Result result, const COtxValue& service);
 
-    // How many executions have been started so far, and whether that many have ended. Those of one service end in the order
-    // in which they were started.
+    // How many executions have been started so far, and whether that many have ended, or the last of them was refused. Else
+    // those of one service end in the order in which they were started.
     std::uint64_t started() const;
     bool haveEnded(std::uint64_t executions) const;
     // A source that is signalled when one ends.
@@ -47,6 +49,7 @@ public:
     List takeAll();
 
 private:
+    void replace(Result&& result, const COtxValue& service, bool refused);
     void store(Result&& result);
     void tell(const COtxValue& service);
     void signalListeners();
@@ -58,6 +61,8 @@ private:
     std::deque<Result> results_;
     std::uint64_t started_ = 0;
     std::uint64_t ended_ = 0;
+    // The newest one that was refused, by its number among those that were started.
+    std::uint64_t refused_ = 0;
 };
 
 }  // namespace velkotx::host

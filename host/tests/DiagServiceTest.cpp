@@ -138,6 +138,20 @@ TEST_F(DiagServices, AnExecutionUnderWayDoesntGiveItsResultToTheNext) {
     }
 }
 
+TEST_F(DiagServices, ARefusedExecutionDoesntWaitForEarlierOnes) {
+    network->hold(true);
+    answer({{{0x62, 0x00, 0x01, 7}, 30ms}});
+    const COtxValue data = service("ReadData");
+    setParameter(data, "id", 1);
+    while (data.DiagService().GetAllResults().List().empty())
+        data.DiagService().Execute(false);
+    const COtxValue result = data.DiagService().GetFirstResult();
+    std::string why;
+    EXPECT_EQ(kindOf([&] { result.Result().GetFirstResponse(); }, &why), 12);
+    EXPECT_EQ(why, "too many requests wait for the link to 'Engine'");
+    open().ComChannel().CloseComChannel();
+}
+
 TEST_F(DiagServices, AClosedSourceIsReplaced) {
     const COtxValue data = service("ReadData");
     setParameter(data, "id", 3);

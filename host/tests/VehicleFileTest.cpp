@@ -222,10 +222,10 @@ TEST(VehicleFiles, MistakesOfSources) {
     const auto identifier = [](const std::string& data) {
         return unitWith("\"dataIdentifiers\": [{ \"id\": 1, \"data\": " + data + " }]");
     };
-    expectMistake(identifier(R"({ "number": 300 })"), "/data/number: doesn't fit into 1 bytes");
+    expectMistake(identifier(R"({ "number": 300 })"), "/data/number: doesn't fit into 1 byte");
     expectMistake(identifier(R"({ "number": -1 })"), "/data/number: doesn't fit");
     expectMistake(identifier(R"({ "number": 13, "factor": 0.05 })"), "/data/number: doesn't fit");
-    expectMistake(identifier(R"({ "counter": 256 })"), "/data/counter: doesn't fit into 1 bytes");
+    expectMistake(identifier(R"({ "counter": 256 })"), "/data/counter: doesn't fit into 1 byte");
     expectMistake(identifier(R"({ "ascii": "A", "number": 1 })"), "/data: \"ascii\" and \"number\" are two sources: put them into a list");
     EXPECT_EQ(mistakesOf(identifier(R"([{ "number": 255 }, { "number": -128, "signed": true }, { "counter": 255 }, { "curve": 300 }])")),
               std::vector<std::string>());

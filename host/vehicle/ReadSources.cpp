@@ -58,13 +58,17 @@ Bytes readAscii(ObjectReader& in) {
     return bytes;
 }
 
+std::string misfit(std::size_t length) {
+    return "doesn't fit into " + std::to_string(length) + (length == 1 ? " byte" : " bytes");
+}
+
 CounterSource readCounter(ObjectReader& in) {
     CounterSource source;
     in.required("counter", source.start);
     in.optional("step", source.step);
     readLength(in, 8, source.length);
     if (source.length < 8 && source.start >> (8 * source.length) != 0)
-        in.find("counter")->mistake("doesn't fit into " + std::to_string(source.length) + " bytes");
+        in.find("counter")->mistake(misfit(source.length));
     return source;
 }
 
@@ -85,7 +89,7 @@ CurveSource readFixed(ObjectReader& in) {
         return source;
     for (const Curve::Point& point : source.curve.points)
         if (!canCarry(source, point.value))
-            in.find("number")->mistake("doesn't fit into " + std::to_string(source.length) + " bytes");
+            in.find("number")->mistake(misfit(source.length));
     return source;
 }
 
