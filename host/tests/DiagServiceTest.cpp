@@ -141,6 +141,7 @@ TEST_F(DiagServices, AnExecutionUnderWayDoesntGiveItsResultToTheNext) {
 TEST_F(DiagServices, ARefusedExecutionDoesntWaitForEarlierOnes) {
     network->hold(true);
     answer({{{0x62, 0x00, 0x01, 7}, 30ms}});
+    const COtxValue channel = open();
     const COtxValue data = service("ReadData");
     setParameter(data, "id", 1);
     while (data.DiagService().GetAllResults().List().empty())
@@ -149,7 +150,7 @@ TEST_F(DiagServices, ARefusedExecutionDoesntWaitForEarlierOnes) {
     std::string why;
     EXPECT_EQ(kindOf([&] { result.Result().GetFirstResponse(); }, &why), 12);
     EXPECT_EQ(why, "too many requests wait for the link to 'Engine'");
-    open().ComChannel().CloseComChannel();
+    channel.ComChannel().CloseComChannel();
 }
 
 TEST_F(DiagServices, AClosedSourceIsReplaced) {
