@@ -4,6 +4,7 @@
 #include "diag/Described.h"
 #include "diag/DiagFailure.h"
 #include "diag/DiagParameter.h"
+#include "diag/KnownNames.h"
 
 #include <otx/value/COtxInt.h>
 #include <otx/value/COtxString.h>
@@ -77,6 +78,8 @@ std::shared_ptr<const MessageDescription> describe(const std::vector<ComParamete
     for (const ComParameterDescription& source : sources) {
         const auto known = std::find_if(parameters.begin(), parameters.end(),
                                         [&](const ParameterDescription& one) { return one.name == source.name; });
+        if (known != parameters.end() && !source.parts.empty())
+            fail(Exceptions_e::TypeMismatchException, "ComParameter '" + source.name + "' has a value, and no parts");
         if (known != parameters.end())
             known->defaultValue = source.defaultValue;
         else
@@ -91,6 +94,11 @@ ComParameters::ComParameters(const std::vector<ComParameterDescription>& describ
     : description_(describe(described)), values_(makeDescribed<RequestParameters>(description_)) {}
 
 ParameterPlace ComParameters::find(const COtxValue& name, bool complex) const {
+    const auto& all = description_->parameters;
+    const auto nameOf = [](const ParameterDescription& one) { return one.name; };
+    if (std::none_of(all.begin(), all.end(), [&](const auto& one) { return one.name == name.String(); }))
+        fail(Exceptions_e::UnknownTargetException,
+             "there is no ComParameter '" + name.String() + "'" + knownNames(all, nameOf));
     const ParameterPlace place = values_->child(ParameterTree::root, COtxString(name.String()));
     if (values_->isComplex(place) != complex)
         fail(Exceptions_e::TypeMismatchException,

@@ -22,6 +22,7 @@ namespace velkotx::host {
 // The description's default of one of these holds instead. All operations throw kind 8 for a name that isn't there.
 class ComParameters {
 public:
+    // Throws kind 5 or 7 for a default that one of these can't have.
     explicit ComParameters(const std::vector<ComParameterDescription>& described);
 
     // Throws kind 5 for a complex one, and as the conversion does.

@@ -1,5 +1,6 @@
 // Values as they stand in PDUs: what they mean.
 #include "diag/CodedValue.h"
+#include "diag/Conversion.h"
 #include "diag/DiagFailure.h"
 
 #include <otx/value/COtxBool.h>
@@ -45,15 +46,23 @@ bool isWhole(const ParameterDescription& parameter) {
     return parameter.coding != Coding::Float && parameter.scaling.isIdentity();
 }
 
+constexpr auto largestInteger = static_cast<std::uint64_t>(std::numeric_limits<long long>::max());
+
 COtxValue wholeNumber(std::uint64_t bits, const ParameterDescription& parameter) {
     if (parameter.coding == Coding::Signed)
         return COtxInt(signedNumber(bits, parameter.bitLength));
     if (parameter.coding == Coding::Bcd)
         return COtxInt(static_cast<long long>(bcdNumber(bits, parameter)));
-    // Beyond what an Integer holds.
-    if (bits > static_cast<std::uint64_t>(std::numeric_limits<long long>::max()))
+    if (bits > largestInteger)
         return COtxFloat(static_cast<double>(bits));
     return COtxInt(static_cast<long long>(bits));
+}
+
+COtxValue wholeInteger(std::uint64_t bits, const ParameterDescription& parameter) {
+    if (parameter.coding != Coding::Signed && parameter.coding != Coding::Bcd && bits > largestInteger)
+        fail(Exceptions_e::DiagComException,
+             "parameter '" + parameter.name + "': " + std::to_string(bits) + " is beyond a 64-bit Integer");
+    return wholeNumber(bits, parameter);
 }
 
 // Significant digits, of a parameter that tells how many behind the point make sense.
@@ -89,8 +98,8 @@ COtxValue numberAs(std::uint64_t bits, const ParameterDescription& parameter, Va
         case ValueType::Boolean:
             return COtxBool(physicalNumber(bits, parameter) != 0);
         case ValueType::Integer:
-            return isWhole(parameter) ? wholeNumber(bits, parameter).ToInteger()
-                                      : integerOf(physicalNumber(bits, parameter));
+            return isWhole(parameter) ? wholeInteger(bits, parameter)
+                                      : convertedFor(parameter, [&] { return integerOf(physicalNumber(bits, parameter)); });
         case ValueType::Float:
             return plainNumber(bits, parameter).ToFloat();
         case ValueType::Quantity:
@@ -121,7 +130,9 @@ COtxValue natural(const CodedValue& value, const ParameterDescription& parameter
         const auto isFilling = [](std::uint8_t byte) { return byte == 0; };
         const auto end = std::find_if_not(bytes->rbegin(), bytes->rend(), isFilling).base();
         const auto encoding = parameter.coding == Coding::Ascii ? COtxStringEncoding::UsAscii : COtxStringEncoding::Utf8;
-        return COtxString(std::vector<unsigned char>(bytes->begin(), end), encoding);
+        return convertedFor(parameter, [&]() -> COtxValue {
+            return COtxString(std::vector<unsigned char>(bytes->begin(), end), encoding);
+        });
     }
     const std::uint64_t bits = std::get<std::uint64_t>(value);
     if (parameter.coding == Coding::Boolean)
@@ -141,7 +152,7 @@ COtxValue codedBytes(const CodedValue& value, const ParameterDescription& parame
     return COtxByteField(std::move(bytes));
 }
 
-COtxValue convert(const COtxValue& value, const ParameterDescription& parameter, ValueType type) {
+COtxValue convertAsItIs(const COtxValue& value, ValueType type) {
     switch (type) {
         case ValueType::Empty: return value;
         case ValueType::Boolean: return value.ToBoolean();
@@ -150,14 +161,23 @@ COtxValue convert(const COtxValue& value, const ParameterDescription& parameter,
         case ValueType::String: return value.ToString();
         case ValueType::Quantity: return value.ToQuantity();
         default:
-            fail(Exceptions_e::TypeMismatchException,
-                 "parameter '" + parameter.name + "' is not to be had as " + OTX::typeName(type));
+            fail(Exceptions_e::TypeMismatchException, std::string("it is not to be had as ") + OTX::typeName(type));
     }
+}
+
+COtxValue convert(const COtxValue& value, const ParameterDescription& parameter, ValueType type) {
+    return convertedFor(parameter, [&] { return convertAsItIs(value, type); });
 }
 
 bool isNumberType(ValueType type) {
     return type == ValueType::Integer || type == ValueType::Float || type == ValueType::Quantity ||
            type == ValueType::Boolean || type == ValueType::String || type == ValueType::Empty;
+}
+
+// As what the value of a text table, or a Boolean, is the coded number.
+bool isNumberOfTable(ValueType type) {
+    return type == ValueType::Integer || type == ValueType::Float || type == ValueType::Quantity ||
+           type == ValueType::Boolean;
 }
 
 }  // namespace
@@ -181,10 +201,19 @@ COtxValue decoded(const CodedValue& value, const ParameterDescription& parameter
         return codedBytes(value, parameter);
     if (isNumeric(parameter.coding) && isNumberType(type))
         return numberAs(std::get<std::uint64_t>(value), parameter, type);
-    const bool asNumber = type == ValueType::Integer || type == ValueType::Float || type == ValueType::Quantity;
-    if (parameter.coding == Coding::TextTable && asNumber)
-        return convert(COtxInt(static_cast<long long>(std::get<std::uint64_t>(value))), parameter, type);
+    if (parameter.coding == Coding::TextTable && isNumberOfTable(type))
+        return numberAs(std::get<std::uint64_t>(value), parameter, type);
+    if (parameter.coding == Coding::Boolean && isNumberOfTable(type))
+        return numberAs(std::get<std::uint64_t>(value) != 0 ? 1 : 0, parameter, type);
     return convert(natural(value, parameter), parameter, type);
+}
+
+void failFor(const ParameterDescription& parameter, const COtxValue& failure) {
+    const Exceptions_e kind = failure.Exception().Kind();
+    const bool ofTheValue = kind == Exceptions_e::ArithmeticException || kind == Exceptions_e::OutOfBoundsException ||
+                            kind == Exceptions_e::UnsupportedEncodingException;
+    fail(ofTheValue ? Exceptions_e::DiagComException : kind,
+         "parameter '" + parameter.name + "': " + std::string(failure.Exception().Text()));
 }
 
 COtxValue toValue(const PlainValue& value) {

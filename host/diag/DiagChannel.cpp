@@ -25,8 +25,7 @@ using OTX::Exceptions_e;
 namespace {
 
 const std::vector<ComParameterDescription>& comParametersOf(const ChannelTarget& target) {
-    static const std::vector<ComParameterDescription> none;
-    return target.unit != nullptr ? target.unit->comParameters : none;
+    return target.unit != nullptr ? target.unit->comParameters : target.vehicle->comParameters;
 }
 
 }  // namespace
@@ -99,11 +98,14 @@ COtxValue DiagChannel::GetDiagServiceListBySemantic(const COtxValue& semantic) {
 
 void DiagChannel::IdentifyAndSelectVariant() {
     requireCommunication(*channel_);
-    const VariantDescription* const found =
-        target_.unit == nullptr ? nullptr : identifyVariant(*channel_, *target_.unit);
-    if (found == nullptr)
-        fail(Exceptions_e::DiagComException, "'" + target_.name + "' is none of its variants");
-    select(found);
+    if (target_.unit == nullptr)
+        fail(Exceptions_e::DiagComException, "the group '" + target_.name + "' has no variants");
+    if (target_.unit->variants.empty())
+        fail(Exceptions_e::DiagComException, "'" + target_.name + "' has no variants");
+    const IdentifiedVariant found = identifyVariant(*channel_, *target_.unit);
+    if (found.variant == nullptr)
+        fail(Exceptions_e::DiagComException, "'" + target_.name + "' is none of its variants: " + found.why);
+    select(found.variant);
 }
 
 COtxValue DiagChannel::GetComChannelEcuVariantName() { return COtxString(variantName()); }

@@ -20,6 +20,13 @@ std::string milliseconds(Clock::Duration time) {
     return std::to_string(std::chrono::duration_cast<std::chrono::milliseconds>(time).count()) + " ms";
 }
 
+std::string times(unsigned count) {
+    std::string text;
+    if (count > 1)
+        text.append(" ").append(std::to_string(count)).append(" times");
+    return text;
+}
+
 // Which kinds of responses there are.
 struct Seen {
     bool positive = false;
@@ -46,17 +53,23 @@ std::optional<DiagFailure> failureOf(const UdsOutcome& outcome, const std::strin
         case UdsOutcome::End::Silent:
             return DiagFailure{Exceptions_e::LossOfComException,
                                "no response from '" + channel + "' within " + milliseconds(outcome.waited)};
-        case UdsOutcome::End::PendingTooLong:
+        case UdsOutcome::End::NeverSent:
             return DiagFailure{Exceptions_e::DiagComException,
-                               "'" + channel + "' announced a response " + std::to_string(outcome.pending) +
-                                   " times, but none came within " + milliseconds(outcome.waited)};
+                               "'" + channel + "' announced a response" + times(outcome.pending) +
+                                   ", but none came within " + milliseconds(outcome.waited)};
         case UdsOutcome::End::LinkBroken:
             return DiagFailure{Exceptions_e::LossOfComException,
                                "the link to '" + channel + "' is down" +
                                    (outcome.complaint.empty() ? "" : ": " + outcome.complaint)};
+        case UdsOutcome::End::Stopped:
+            return DiagFailure{Exceptions_e::InvalidStateException,
+                               "the communication with '" + channel + "' was stopped before a response came"};
         case UdsOutcome::End::Closed:
             return DiagFailure{Exceptions_e::InvalidStateException,
-                               "the channel to '" + channel + "' was closed or stopped, or too many requests wait on it"};
+                               "the channel to '" + channel + "' was closed before a response came"};
+        case UdsOutcome::End::Crowded:
+            return DiagFailure{Exceptions_e::InvalidStateException,
+                               "too many requests wait for the link to '" + channel + "'"};
         default: return std::nullopt;
     }
 }

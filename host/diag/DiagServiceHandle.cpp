@@ -8,6 +8,7 @@
 #include <otx/value/COtxList.h>
 #include <otx/value/COtxString.h>
 
+#include <cstdint>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -68,9 +69,10 @@ COtxValue DiagServiceHandle::GetFirstResult() {
 // here, goes back to where others look for it; a source that is closed ends the wait, since then the run is cancelled.
 void DiagServiceHandle::settle() {
     ServiceResults& results = execution_->results();
-    if (!results.isUnsettled())
+    const std::uint64_t newest = results.started();
+    if (results.haveEnded(newest))
         return;
-    const COtxValue source = EventSource();
+    const COtxValue source = knownSource();
     const COtxSignalEventSource settled(OTX::EventKind::DiagService);
     const COtxMultiEventSource either;
     either.EventSource().Add(source);
@@ -78,7 +80,7 @@ void DiagServiceHandle::settle() {
     results.listen(settled);
     std::vector<COtxValue> taken;
     bool open = true;
-    while (open && results.isUnsettled()) {
+    while (open && !results.haveEnded(newest)) {
         COtxValue event;
         open = either.EventSource().Wait(event);
         if (open && event.Event().Value().Type() != OTX::ValueType::Empty)
@@ -87,11 +89,19 @@ void DiagServiceHandle::settle() {
     results.unlisten(settled);
     for (const COtxValue& value : taken)
         source.EventSource().Put(value);
-    if (open)
-        return;
-    results.drop(source);
-    fail(Exceptions_e::InvalidStateException,
-         "'" + execution_->name() + "' still runs, and its event source has been closed");
+    if (!open)
+        fail(Exceptions_e::InvalidStateException,
+             "'" + execution_->name() + "' still runs, and its event source has been closed");
+}
+
+// The one that was handed out, closed or not.
+COtxValue DiagServiceHandle::knownSource() {
+    {
+        const std::lock_guard guard(sourceLock_);
+        if (source_.Type() == OTX::ValueType::EventSource)
+            return source_;
+    }
+    return EventSource();
 }
 
 void DiagServiceHandle::StartRepeatedExecution() { execution_->startRepetition(); }

@@ -31,8 +31,8 @@ public:
     COtxValue GetAllResultsAndClear() override;
     COtxValue GetDiagServiceName() override;
     COtxValue GetRequest() override;
-    // Waits while an execution that was started runs and none has ended since; throws kind 12 when the event source is
-    // closed meanwhile, or when there is no result.
+    // That of the execution started last, for whose end it waits; throws kind 12 when the event source is closed meanwhile,
+    // or when there is no result.
     COtxValue GetFirstResult() override;
     COtxValue GetAllResults() override;
     void StartRepeatedExecution() override;
@@ -45,6 +45,7 @@ public:
 
 private:
     void settle();
+    COtxValue knownSource();
     COtxValue list(const ServiceResults::List& results) const;
 
     const std::shared_ptr<ServiceExecution> execution_;

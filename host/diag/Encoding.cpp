@@ -1,5 +1,6 @@
 // Values of a sequence as they are to stand in PDUs.
 #include "diag/CodedValue.h"
+#include "diag/Conversion.h"
 #include "diag/DiagFailure.h"
 
 #include <otx/value/COtxByteField.h>
@@ -43,19 +44,29 @@ bool isInteger(const COtxValue& value) {
     return behaviour != nullptr && behaviour->IsInt();
 }
 
+// Without the point of a whole number.
+std::string numberText(double number) {
+    if (std::abs(number) < 1e15 && number == std::trunc(number))
+        return std::to_string(static_cast<long long>(number));
+    return COtxFloat(number).ToString().String();
+}
+
 void checkLimits(double physical, const COtxValue& value, const ParameterDescription& parameter) {
     if (std::isnan(physical) && parameter.coding != Coding::Float)
         refuse(parameter, value, " is no number");
     if (parameter.minimum && physical < *parameter.minimum)
-        refuse(parameter, value, " is below the minimum");
+        refuse(parameter, value, " is below the minimum " + numberText(*parameter.minimum));
     if (parameter.maximum && physical > *parameter.maximum)
-        refuse(parameter, value, " is above the maximum");
+        refuse(parameter, value, " is above the maximum " + numberText(*parameter.maximum));
 }
 
-std::uint64_t floatBits(double number, const ParameterDescription& parameter) {
+std::uint64_t floatBits(double number, const COtxValue& value, const ParameterDescription& parameter) {
     if (parameter.bitLength > 32)
         return std::bit_cast<std::uint64_t>(number);
-    return std::bit_cast<std::uint32_t>(static_cast<float>(number));
+    const auto single = static_cast<float>(number);
+    if (std::isinf(single) && !std::isinf(number))
+        refuse(parameter, value, " doesn't fit into 32 bits");
+    return std::bit_cast<std::uint32_t>(single);
 }
 
 std::uint64_t bcdBits(std::uint64_t number) {
@@ -85,7 +96,7 @@ struct Whole {
 };
 
 std::optional<Whole> wholeOf(double number) {
-    const double nearest = std::nearbyint(number);
+    const double nearest = std::round(number);
     if (!(std::abs(nearest) < 18446744073709551616.0))
         return std::nullopt;
     return Whole{nearest < 0, static_cast<std::uint64_t>(std::abs(nearest))};
@@ -104,16 +115,18 @@ std::optional<Whole> codedNumber(const COtxValue& value, double physical, const 
 }
 
 std::uint64_t numberBits(const COtxValue& value, const ParameterDescription& parameter) {
-    const double physical = numberIn(value, parameter.unit);
+    const double physical = convertedFor(parameter, [&] { return numberIn(value, parameter.unit); });
     checkLimits(physical, value, parameter);
     if (parameter.coding == Coding::Float)
-        return floatBits((physical - parameter.scaling.offset) / parameter.scaling.factor, parameter);
+        return floatBits((physical - parameter.scaling.offset) / parameter.scaling.factor, value, parameter);
     const auto whole = codedNumber(value, physical, parameter);
     const std::uint64_t most = largest(parameter);
     // Two's complement reaches one further below zero.
     const bool fits = whole && (!whole->negative ? whole->magnitude <= most
                                                  : whole->magnitude == 0 || (parameter.coding == Coding::Signed &&
                                                                              whole->magnitude - 1 <= most));
+    if (!fits && parameter.coding != Coding::Signed && physical < 0 && parameter.scaling.isIdentity())
+        refuse(parameter, value, " is negative");
     if (!fits)
         refuse(parameter, value, " doesn't fit into " + std::to_string(parameter.bitLength) + " bits");
     if (parameter.coding == Coding::Bcd)
@@ -124,21 +137,25 @@ std::uint64_t numberBits(const COtxValue& value, const ParameterDescription& par
 
 std::uint64_t tableBits(const COtxValue& value, const ParameterDescription& parameter) {
     const auto& texts = parameter.texts;
-    const auto matches = [&](const TextEntry& entry) {
-        if (value.Type() == ValueType::String)
-            return entry.text == value.String();
-        const long long number = value.ToInteger().Int();
-        return number >= 0 && entry.from <= static_cast<std::uint64_t>(number) &&
-               static_cast<std::uint64_t>(number) <= entry.to;
-    };
-    const auto entry = std::find_if(texts.begin(), texts.end(), matches);
-    if (entry == texts.end())
-        refuse(parameter, value, " is none of its texts");
-    return value.Type() == ValueType::String ? entry->from : static_cast<std::uint64_t>(value.ToInteger().Int());
+    if (value.Type() == ValueType::String) {
+        const auto entry = std::find_if(texts.begin(), texts.end(),
+                                        [&](const TextEntry& candidate) { return candidate.text == value.String(); });
+        if (entry == texts.end())
+            refuse(parameter, value, " is none of its texts");
+        return entry->from;
+    }
+    const auto number = convertedFor(parameter, [&] { return value.ToInteger().Int(); });
+    const auto bits = static_cast<std::uint64_t>(number);
+    const bool known = std::any_of(texts.begin(), texts.end(), [&](const TextEntry& candidate) {
+        return number >= 0 && candidate.from <= bits && bits <= candidate.to;
+    });
+    if (!known)
+        refuse(parameter, value, " has none of its texts");
+    return bits;
 }
 
 Bytes textBytes(const COtxValue& value, const ParameterDescription& parameter) {
-    const COtxValue converted = value.ToString();
+    const COtxValue converted = convertedFor(parameter, [&] { return value.ToString(); });
     const std::string& text = converted.String();
     const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
     if (parameter.coding == Coding::Ascii && !std::all_of(text.begin(), text.end(), isAscii))
@@ -147,16 +164,18 @@ Bytes textBytes(const COtxValue& value, const ParameterDescription& parameter) {
     if (parameter.extent != Extent::Fixed)
         return bytes;
     if (bytes.size() > fixedSize(parameter))
-        refuse(parameter, value, " is longer than " + std::to_string(fixedSize(parameter)) + " bytes");
+        refuse(parameter, value, " is longer than " + std::to_string(fixedSize(parameter)) + " bytes" +
+                                     (value.Type() == ValueType::ByteField ? "; as a text, a ByteField is its digits" : ""));
     bytes.resize(fixedSize(parameter));
     return bytes;
 }
 
 Bytes fieldBytes(const COtxValue& value, const ParameterDescription& parameter) {
-    const COtxValue field = value.ToByteField();
+    const COtxValue field = convertedFor(parameter, [&] { return value.ToByteField(); });
     const std::vector<unsigned char>& bytes = field.ByteField();
     if (parameter.extent == Extent::Fixed && bytes.size() != fixedSize(parameter))
-        refuse(parameter, std::to_string(bytes.size()) + " bytes instead of " + std::to_string(fixedSize(parameter)));
+        refuse(parameter, std::to_string(bytes.size()) + " bytes instead of " + std::to_string(fixedSize(parameter)) +
+                              (value.Type() == ValueType::String ? "; a String is the bytes of its characters" : ""));
     return bytes;
 }
 
@@ -172,7 +191,8 @@ double numberIn(const COtxValue& value, const std::string& unit) {
 
 CodedValue encoded(const COtxValue& value, const ParameterDescription& parameter) {
     switch (parameter.coding) {
-        case Coding::Boolean: return std::uint64_t{value.ToBoolean().Bool()};
+        case Coding::Boolean:
+            return std::uint64_t{convertedFor(parameter, [&] { return value.ToBoolean().Bool(); })};
         case Coding::TextTable: return tableBits(value, parameter);
         case Coding::Ascii:
         case Coding::Utf8: return textBytes(value, parameter);

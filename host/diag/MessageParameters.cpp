@@ -103,6 +103,12 @@ void MessageParameters::setComplex(ParameterPlace place, const COtxValue& value)
             set(child(place, COtxInt(index++)), item);
         return;
     }
+    if (value.Type() != ValueType::Map) {
+        const std::lock_guard guard(parametersLock_);
+        fail(Exceptions_e::TypeMismatchException, tree_.describe(place) + " is complex: expected a " +
+                                                      (tree_.isRepetition(place) ? "List" : "Map") + ", not a value of type " +
+                                                      OTX::typeName(value.Type()));
+    }
     for (const auto& [name, field] : value.Map())
         set(child(place, name), field);
 }

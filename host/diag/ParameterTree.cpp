@@ -2,6 +2,7 @@
 #include "diag/ParameterTree.h"
 
 #include "diag/DiagFailure.h"
+#include "diag/KnownNames.h"
 
 #include <algorithm>
 
@@ -34,12 +35,16 @@ ParameterPlace ParameterTree::child(ParameterPlace parent, const COtxValue& step
     if (step.Type() == OTX::ValueType::String) {
         if (const auto found = field(parent, step.String()))
             return *found;
-        fail(Exceptions_e::UnknownTargetException, describe(parent) + " has no '" + step.String() + "'");
+        fail(Exceptions_e::UnknownTargetException,
+             describe(parent) + " has no parameter '" + step.String() + "'" +
+                 (isRepetition(parent) ? "; its items are numbered from 0" : knownNames(children, [this](ParameterPlace child) {
+                     return nameOf(child);
+                 })));
     }
     const long long index = step.Int();
     if (index < 0 || static_cast<std::size_t>(index) >= children.size())
-        fail(Exceptions_e::UnknownTargetException, describe(parent) + " has no number " + std::to_string(index) +
-                                                       ", there are " + std::to_string(children.size()));
+        fail(Exceptions_e::UnknownTargetException, describe(parent) + " has no parameter number " + std::to_string(index) +
+                                                       ", counted from 0; there are " + std::to_string(children.size()));
     return children[static_cast<std::size_t>(index)];
 }
 

@@ -50,8 +50,12 @@ void RequestParameters::addItem(ParameterPlace repetition) {
 
 void RequestParameters::missing(ParameterPlace repetition, std::int64_t index) {
     const bool next = static_cast<std::size_t>(index) == tree_[repetition].children.size();
-    if (next && tree_[repetition].description->extent != Extent::Fixed && index < mostItems)
-        addItem(repetition);
+    if (!next || tree_[repetition].description->extent == Extent::Fixed)
+        return;
+    if (index >= mostItems)
+        fail(Exceptions_e::DiagComException,
+             tree_.describe(repetition) + " has " + std::to_string(mostItems) + " items already, and can't have more");
+    addItem(repetition);
 }
 
 CodedValue RequestParameters::coded(ParameterPlace place) const {

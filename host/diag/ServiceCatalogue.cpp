@@ -2,6 +2,7 @@
 #include "diag/ServiceCatalogue.h"
 
 #include "diag/DiagFailure.h"
+#include "diag/KnownNames.h"
 
 #include <algorithm>
 
@@ -10,14 +11,16 @@ namespace velkotx::host {
 using OTX::Exceptions_e;
 
 ServiceCatalogue::ServiceCatalogue(const Vehicle& vehicle, const ControlUnitDescription& unit,
-                                   const VariantDescription* variant) {
+                                   const VariantDescription* variant)
+    : owner_("'" + unit.name + "' has no service") {
     // First come, first served: so the variant's replace those of the control unit.
     if (variant != nullptr)
         add(vehicle, variant->services, false);
     add(vehicle, unit.services, false);
 }
 
-ServiceCatalogue::ServiceCatalogue(const Vehicle& vehicle, const std::string& group) {
+ServiceCatalogue::ServiceCatalogue(const Vehicle& vehicle, const std::string& group)
+    : owner_("the group '" + group + "' has no functional service") {
     for (const ControlUnitDescription& unit : vehicle->controlUnits) {
         if (std::find(unit.groups.begin(), unit.groups.end(), group) != unit.groups.end())
             add(vehicle, unit.services, true);
@@ -37,14 +40,15 @@ ServiceCatalogue::Service ServiceCatalogue::byName(const std::string& name) cons
     const auto found = std::find_if(services_.begin(), services_.end(),
                                     [&](const Service& service) { return service->name == name; });
     if (found == services_.end())
-        fail(Exceptions_e::UnknownTargetException, "there is no service '" + name + "'");
+        fail(Exceptions_e::UnknownTargetException,
+             owner_ + " '" + name + "'" + knownNames(services_, [](const Service& service) { return service->name; }));
     return *found;
 }
 
 ServiceCatalogue::Service ServiceCatalogue::bySemantic(const std::string& semantic) const {
     const auto found = allBySemantic(semantic);
     if (found.empty())
-        fail(Exceptions_e::UnknownTargetException, "there is no service of the semantic '" + semantic + "'");
+        fail(Exceptions_e::UnknownTargetException, owner_ + " of the semantic '" + semantic + "'");
     if (found.size() > 1)
         fail(Exceptions_e::AmbiguousSemanticException,
              "there are " + std::to_string(found.size()) + " services of the semantic '" + semantic + "'");

@@ -29,6 +29,8 @@ public:
 private:
     void add(const Vehicle& vehicle, const std::vector<ServiceDescription>& services, bool functionalOnly);
 
+    // The beginning of what is told when something isn't there.
+    const std::string owner_;
     std::vector<Service> services_;
 };
 

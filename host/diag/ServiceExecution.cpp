@@ -55,7 +55,12 @@ void ServiceExecution::start(bool suppressPositiveResponse) {
 }
 
 void ServiceExecution::completed(UdsOutcome&& outcome) {
-    results_.end(resultOf(std::move(outcome)), makeServiceOfEvent(shared_from_this()));
+    const bool refused = outcome.end == UdsOutcome::End::Crowded;
+    const auto result = resultOf(std::move(outcome));
+    if (refused)
+        results_.refuse(result, makeServiceOfEvent(shared_from_this()));
+    else
+        results_.end(result, makeServiceOfEvent(shared_from_this()));
 }
 
 ServiceResults::Result ServiceExecution::resultOf(UdsOutcome&& outcome) const {

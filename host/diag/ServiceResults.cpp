@@ -1,6 +1,7 @@
 // The results of a service, and who is told of them.
 #include "diag/ServiceResults.h"
 
+#include <otx/event/COtxEventSource.h>
 #include <otx/event/COtxSignalEventSource.h>
 
 #include <algorithm>
@@ -10,42 +11,41 @@ namespace velkotx::host {
 
 COtxValue ServiceResults::source() {
     const std::lock_guard guard(resultsLock_);
-    if (auto behaviour = source_.lock())
-        return COtxValue(std::move(behaviour));
+    if (COtxValue known{source_.lock()}; known.GetBehaviourReference() != nullptr && !COtxEventSource::IsClosed(known))
+        return known;
     COtxSignalEventSource source(OTX::EventKind::DiagService);
     source_ = source.GetBehaviourReference();
     return source;
 }
 
-void ServiceResults::drop(const COtxValue& source) {
-    const std::lock_guard guard(resultsLock_);
-    if (source_.lock() == source.GetBehaviourReference())
-        source_.reset();
-}
-
 void ServiceResults::begin() {
     const std::lock_guard guard(resultsLock_);
-    ++running_;
-    endedSinceStart_ = false;
+    ++started_;
 }
 
 void ServiceResults::abandon() {
-    const std::lock_guard guard(resultsLock_);
-    --running_;
+    {
+        const std::lock_guard guard(resultsLock_);
+        ++ended_;
+    }
+    signalListeners();
 }
 
-void ServiceResults::end(Result result, const COtxValue& service) {
-    std::vector<COtxValue> listeners;
+void ServiceResults::end(Result result, const COtxValue& service) { replace(std::move(result), service, false); }
+void ServiceResults::refuse(Result result, const COtxValue& service) { replace(std::move(result), service, true); }
+
+void ServiceResults::replace(Result&& result, const COtxValue& service, bool refused) {
     std::deque<Result> old;
     {
         const std::lock_guard guard(resultsLock_);
-        --running_;
-        endedSinceStart_ = true;
+        ++ended_;
+        if (refused)
+            refused_ = started_;
         old.swap(results_);
         store(std::move(result));
-        listeners = listeners_;
     }
-    tell(service, listeners);
+    tell(service);
+    signalListeners();
 }
 
 void ServiceResults::append(Result result, const COtxValue& service) {
@@ -53,7 +53,7 @@ void ServiceResults::append(Result result, const COtxValue& service) {
         const std::lock_guard guard(resultsLock_);
         store(std::move(result));
     }
-    tell(service, {});
+    tell(service);
 }
 
 void ServiceResults::store(Result&& result) {
@@ -62,7 +62,7 @@ void ServiceResults::store(Result&& result) {
         results_.pop_front();
 }
 
-void ServiceResults::tell(const COtxValue& service, const std::vector<COtxValue>& listeners) {
+void ServiceResults::tell(const COtxValue& service) {
     std::shared_ptr<COtxValueBehaviour> source;
     {
         const std::lock_guard guard(resultsLock_);
@@ -70,13 +70,26 @@ void ServiceResults::tell(const COtxValue& service, const std::vector<COtxValue>
     }
     if (source != nullptr)
         source->IEventSource().Put(service);
+}
+
+void ServiceResults::signalListeners() {
+    std::vector<COtxValue> listeners;
+    {
+        const std::lock_guard guard(resultsLock_);
+        listeners = listeners_;
+    }
     for (const COtxValue& listener : listeners)
         listener.EventSource().Signal();
 }
 
-bool ServiceResults::isUnsettled() const {
+std::uint64_t ServiceResults::started() const {
     const std::lock_guard guard(resultsLock_);
-    return running_ > 0 && !endedSinceStart_;
+    return started_;
+}
+
+bool ServiceResults::haveEnded(std::uint64_t executions) const {
+    const std::lock_guard guard(resultsLock_);
+    return ended_ >= executions || refused_ >= executions;
 }
 
 void ServiceResults::listen(const COtxValue& listener) {

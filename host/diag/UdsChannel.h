@@ -36,12 +36,12 @@ public:
     enum class State {
         Created,  // not started yet
         Open,
-        Stopped,  // the link is there, nothing is sent
+        Stopped,  // nothing is sent
         Broken,   // the transport failed; start() opens the link again
         Closed    // for ever
     };
 
-    // Requests that may wait for the link; the next one ends as Closed.
+    // Requests that may wait for the link; the next one ends as Crowded.
     static constexpr std::size_t longestQueue = 1024;
 
     // The name is one that the transport knows. A trace may be missing.
@@ -52,8 +52,9 @@ public:
 
     // Throws as Transport::open does.
     void start();
-    // Requests that wait end as Closed; the one that is on the link ends as it would.
+    // Requests that wait or are on the link end as Stopped.
     void stop();
+    // Or as Closed.
     void close();
     State state() const;
     const std::string& name() const noexcept;

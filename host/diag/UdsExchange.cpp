@@ -92,8 +92,7 @@ void UdsExchange::runOut(const Clock& clock) {
         return end(UdsOutcome::End::Answered);
     if (silenceIsGood_)
         return end(UdsOutcome::End::Suppressed);
-    const bool capped = outcome_.pending > 0 && now >= sent_ + timing_.pendingCap;
-    end(capped ? UdsOutcome::End::PendingTooLong : UdsOutcome::End::Silent);
+    end(outcome_.pending > 0 ? UdsOutcome::End::NeverSent : UdsOutcome::End::Silent);
 }
 
 void UdsExchange::end(UdsOutcome::End end, const std::string& complaint) {

@@ -23,9 +23,11 @@ struct UdsOutcome {
         Answered,        // there are responses
         Suppressed,      // none, as the request wished: all went well
         Silent,          // none in time
-        PendingTooLong,  // announced, but none under the cap
+        NeverSent,       // announced, but none in time
         LinkBroken,      // the transport failed
-        Closed           // the channel was closed or stopped meanwhile
+        Stopped,         // the communication was stopped meanwhile
+        Closed,          // the channel was closed meanwhile
+        Crowded          // too many requests wait for the link
     };
 
     End end = End::Silent;

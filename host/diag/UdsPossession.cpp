@@ -16,21 +16,34 @@ UdsTraffic::Possession::~Possession() {
         giveBack(nullptr, false);
 }
 
+bool UdsTraffic::Possession::isLost() const {
+    const std::lock_guard guard(traffic_.trafficLock_);
+    return traffic_.link_ != link_;
+}
+
 void UdsTraffic::Possession::release(const UdsExchange& exchange, bool broken) { giveBack(&exchange, broken); }
 void UdsTraffic::Possession::release(bool broken) { giveBack(nullptr, broken); }
 
-bool UdsTraffic::Possession::handOver(UdsExchange& exchange) {
+UdsTraffic::HandOver UdsTraffic::Possession::handOver(UdsExchange& exchange) {
     {
         const std::lock_guard guard(traffic_.trafficLock_);
-        if (!traffic_.ensureThread())
-            return false;
-        traffic_.user_ = User::Thread;
-        traffic_.resumed_ = std::move(exchange);
-        held_ = false;
+        if (traffic_.state_ == UdsChannel::State::Open) {
+            if (!traffic_.ensureThread()) {
+                traffic_.waitsItself_ = true;
+                return HandOver::NoThread;
+            }
+            traffic_.user_ = User::Thread;
+            traffic_.resumed_ = std::move(exchange);
+            held_ = false;
+        }
+    }
+    if (held_) {
+        giveBack(nullptr, false);
+        return HandOver::NotOpen;
     }
     traffic_.burstOver_.notify_all();
     traffic_.threadWanted_.notify_all();
-    return true;
+    return HandOver::Taken;
 }
 
 void UdsTraffic::Possession::giveBack(const UdsExchange* exchange, bool broken) {

@@ -17,12 +17,14 @@ public:
     Link& link() const noexcept { return *link_; }
     const UdsTiming& timing() const noexcept { return timing_; }
 
+    // Whether the communication was stopped meanwhile, which took this link away.
+    bool isLost() const;
     // The exchange has ended; a broken link takes the channel down.
     void release(const UdsExchange& exchange, bool broken);
     void release(bool broken);
-    // Leaves the link and the exchange to the channel's thread; false when the channel is closed or there is no thread to
-    // be had, and both stay here.
-    bool handOver(UdsExchange& exchange);
+    // Leaves the link and the exchange to the channel's thread. When the channel is stopped or closed the link is given back,
+    // when there is no thread to be had both stay here.
+    HandOver handOver(UdsExchange& exchange);
 
 private:
     void giveBack(const UdsExchange* exchange, bool broken);

@@ -25,7 +25,7 @@ void UdsSession::observe(const UdsRequest& request, const UdsOutcome& outcome) {
     if (outcome.end != UdsOutcome::End::Suppressed && positive(outcome) == nullptr)
         return;
     if (request.bytes[0] == uds::sessionControl)
-        enter(static_cast<std::uint8_t>(request.bytes[1] & ~uds::suppressPositive), outcome);
+        enter(request, outcome);
     else if (request.bytes[0] == uds::reset)
         forget();
 }
@@ -38,9 +38,10 @@ UdsTiming UdsSession::stretched(UdsTiming timing) const {
     return timing;
 }
 
-void UdsSession::enter(std::uint8_t session, const UdsOutcome& outcome) {
+void UdsSession::enter(const UdsRequest& request, const UdsOutcome& outcome) {
     forget();
-    session_ = session;
+    session_ = static_cast<std::uint8_t>(request.bytes[1] & ~uds::suppressPositive);
+    functional_ = request.functional;
     const ReceivedPdu* const response = positive(outcome);
     if (response == nullptr || response->bytes.size() < 6)
         return;

@@ -124,11 +124,12 @@ bool UdsTraffic::keepAlive(Lock& lock, Clock::Time now) {
         lastTraffic_ = now;
         return false;
     }
+    const bool functional = session_.isFunctional();
     Possession link(*this, lock, User::Burst);
     static constexpr std::array<std::uint8_t, 2> request{uds::testerPresent, uds::suppressPositive};
     bool broken = false;
     try {
-        link.link().send(request, false);
+        link.link().send(request, functional);
     } catch (const std::exception&) {
         broken = true;
     }

@@ -18,7 +18,7 @@ void UdsTraffic::open() {
         const std::lock_guard guard(trafficLock_);
         if (state_ == Closed || state_ == Open)
             return;
-        if (state_ == Stopped) {
+        if (state_ == Stopped && link_ != nullptr) {
             state_ = Open;
             return;
         }
@@ -26,7 +26,7 @@ void UdsTraffic::open() {
     const auto link = std::make_shared<TracedLink>(transport_->open(name_), clock_, name_, trace_);
     {
         const std::lock_guard guard(trafficLock_);
-        if (state_ == Created || state_ == Broken) {
+        if (state_ == Created || state_ == Broken || (state_ == Stopped && link_ == nullptr)) {
             link_ = link;
             state_ = Open;
             session_.forget();
@@ -39,6 +39,7 @@ void UdsTraffic::open() {
 
 void UdsTraffic::stop() {
     std::deque<UdsExchange> waiting;
+    std::shared_ptr<Link> busy;
     {
         const std::lock_guard guard(trafficLock_);
         if (state_ != UdsChannel::State::Open)
@@ -46,8 +47,18 @@ void UdsTraffic::stop() {
         state_ = UdsChannel::State::Stopped;
         session_.forget();
         waiting.swap(queue_);
+        if (resumed_) {
+            waiting.push_front(std::move(*resumed_));
+            resumed_.reset();
+            user_ = User::Nobody;
+        } else if (user_ == User::Thread || waitsItself_) {
+            // Only the end of its link ends a wait for an answer; the next start opens another one.
+            busy = std::move(link_);
+        }
     }
-    refuse(std::move(waiting), UdsOutcome::End::Closed);
+    if (busy != nullptr)
+        busy->close();
+    refuse(std::move(waiting), UdsOutcome::End::Stopped);
 }
 
 void UdsTraffic::close() {
@@ -99,18 +110,20 @@ bool UdsTraffic::submit(UdsExchange&& exchange) {
         return false;
     }
     if (!open || user_ != User::Nobody || !queue_.empty()) {
-        const bool broken = state_ == UdsChannel::State::Broken;
+        const UdsOutcome::End end = open ? UdsOutcome::End::Crowded : endBy(state_);
         lock.unlock();
-        exchange.end(broken ? UdsOutcome::End::LinkBroken : UdsOutcome::End::Closed);
+        exchange.end(end);
         exchange.report();
         return true;
     }
     Possession link(*this, lock, User::Burst);
     if (!run(exchange, link, false, UdsExchange::Patience::Poll)) {
-        if (link.handOver(exchange))
-            return false;
-        // Of a closed channel the link ends the wait at once. Where there is no thread to be had, whoever submits waits.
-        run(exchange, link, true, UdsExchange::Patience::Wait);
+        switch (link.handOver(exchange)) {
+            case HandOver::Taken: return false;
+            case HandOver::NotOpen: exchange.end(endBy(state())); break;
+            // Whoever submits waits; a stop or a close of the channel ends the wait.
+            case HandOver::NoThread: run(exchange, link, true, UdsExchange::Patience::Wait); break;
+        }
     }
     exchange.report();
     return true;
@@ -133,17 +146,29 @@ bool UdsTraffic::run(UdsExchange& exchange, Possession& link, bool begun, UdsExc
             exchange.begin(link.link(), clock_, link.timing());
         if (!exchange.proceed(link.link(), clock_, patience))
             return false;
+        if (exchange.outcome().end == UdsOutcome::End::Closed)
+            exchange.end(link.isLost() ? UdsOutcome::End::Stopped : UdsOutcome::End::Closed);
         link.release(exchange, false);
     } catch (const std::exception& failure) {
-        exchange.end(UdsOutcome::End::LinkBroken, failure.what());
-        link.release(exchange, true);
+        const bool stopped = link.isLost();
+        exchange.end(stopped ? UdsOutcome::End::Stopped : UdsOutcome::End::LinkBroken, stopped ? "" : failure.what());
+        link.release(exchange, !stopped);
     }
     return true;
+}
+
+UdsOutcome::End UdsTraffic::endBy(UdsChannel::State state) {
+    switch (state) {
+        case UdsChannel::State::Broken: return UdsOutcome::End::LinkBroken;
+        case UdsChannel::State::Closed: return UdsOutcome::End::Closed;
+        default: return UdsOutcome::End::Stopped;
+    }
 }
 
 void UdsTraffic::release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken) {
     const bool keptAlive = keepsAlive();
     user_ = User::Nobody;
+    waitsItself_ = false;
     lastTraffic_ = now;
     if (exchange != nullptr)
         session_.observe(exchange->request(), exchange->outcome());

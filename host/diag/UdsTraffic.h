@@ -37,6 +37,8 @@ private:
     // Who has the link. A burst never waits for an answer, so whoever wants the link waits for its end; the channel's
     // thread does wait, so what comes meanwhile is queued.
     enum class User { Nobody, Burst, Thread };
+    // What became of an exchange that has to wait.
+    enum class HandOver { Taken, NotOpen, NoThread };
     struct Timed {
         Clock::Time time;
         std::weak_ptr<UdsTimed> what;
@@ -47,6 +49,8 @@ private:
     void awaitEndOfBurst(Lock& lock);
     void release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken);
     bool run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience);
+    // How a request ends that is made in that state, or runs into it.
+    static UdsOutcome::End endBy(UdsChannel::State state);
     static void refuse(std::deque<UdsExchange>&& exchanges, UdsOutcome::End end);
 
     // True when the channel has a thread, which begins when it is wanted first: most channels that open and close in
@@ -77,6 +81,8 @@ private:
     UdsTiming timing_;
     UdsSession session_;
     User user_ = User::Nobody;
+    // A burst that waits after all, since there is no thread to be had.
+    bool waitsItself_ = false;
     // An exchange whose burst is over without an answer; the user is the thread then.
     std::optional<UdsExchange> resumed_;
     std::deque<UdsExchange> queue_;

@@ -3,6 +3,7 @@
 
 #include "diag/BlockingRequest.h"
 #include "diag/DiagResult.h"
+#include "diag/UdsText.h"
 
 #include <algorithm>
 #include <map>
@@ -49,16 +50,32 @@ bool fits(const VariantMatch& match, const Bytes& data) {
                       data.begin() + static_cast<std::ptrdiff_t>(match.position));
 }
 
+// "F187 is 06 02, not 05 at byte 1".
+std::string misfit(const VariantMatch& match, const Bytes& data) {
+    std::string number = hexText(Bytes{static_cast<std::uint8_t>(match.dataIdentifier >> 8),
+                                       static_cast<std::uint8_t>(match.dataIdentifier & 0xFF)});
+    std::erase(number, ' ');
+    if (data.empty())
+        return number + " is refused";
+    return number + " is " + hexText(data) + ", not " + hexText(match.bytes) + " at byte " + std::to_string(match.position);
+}
+
 }  // namespace
 
-const VariantDescription* identifyVariant(UdsChannel& channel, const ControlUnitDescription& unit) {
+IdentifiedVariant identifyVariant(UdsChannel& channel, const ControlUnitDescription& unit) {
     Identifiers identifiers(channel);
-    const auto found = std::find_if(unit.variants.begin(), unit.variants.end(), [&](const VariantDescription& variant) {
-        return std::all_of(variant.matches.begin(), variant.matches.end(), [&](const VariantMatch& match) {
-            return fits(match, identifiers.data(match.dataIdentifier));
-        });
-    });
-    return found == unit.variants.end() ? nullptr : &*found;
+    std::string why;
+    for (const VariantDescription& variant : unit.variants) {
+        const auto misfitting =
+            std::find_if(variant.matches.begin(), variant.matches.end(), [&](const VariantMatch& match) {
+                return !fits(match, identifiers.data(match.dataIdentifier));
+            });
+        if (misfitting == variant.matches.end())
+            return {&variant, {}};
+        why += (why.empty() ? "'" : "; '") + variant.name + "': " +
+               misfit(*misfitting, identifiers.data(misfitting->dataIdentifier));
+    }
+    return {nullptr, why};
 }
 
 }  // namespace velkotx::host

@@ -28,9 +28,13 @@ std::int64_t compressedSize(const FlashSegmentDescription& segment) {
 
 template <class Part>
 void requireNumber(const std::vector<Part>& parts, std::int64_t number, const char* what) {
-    if (number < 0 || static_cast<std::size_t>(number) >= parts.size())
-        fail(Exceptions_e::FlashException, "there is no " + std::string(what) + " " + std::to_string(number) +
-                                               " in the flash data, only " + std::to_string(parts.size()));
+    if (number >= 0 && static_cast<std::size_t>(number) < parts.size())
+        return;
+    const std::string count = parts.empty()       ? "none at all"
+                              : parts.size() == 1 ? "only number 0"
+                                                  : "only 0 to " + std::to_string(parts.size() - 1);
+    fail(Exceptions_e::FlashException, "there is no " + std::string(what) + " number " + std::to_string(number) +
+                                           " in the flash data, " + count);
 }
 
 }  // namespace
@@ -115,8 +119,11 @@ std::int64_t VehicleFlashSession::GetCompressedSize(std::int64_t block, std::int
 
 COtxValue VehicleFlashSession::GetDownloadData(std::int64_t block, std::int64_t segment, std::int64_t size,
                                                std::int64_t position) {
-    if (position < 0 || size < all)
-        fail(Exceptions_e::FlashException, "flash data has neither a negative position nor a negative size");
+    if (position < 0)
+        fail(Exceptions_e::FlashException, "position " + std::to_string(position) + " in flash data is negative");
+    if (size < all)
+        fail(Exceptions_e::FlashException,
+             "size " + std::to_string(size) + " of flash data is negative; -1 is all that is left");
     std::int64_t left = size == all ? std::numeric_limits<std::int64_t>::max() : size;
     std::vector<unsigned char> bytes;
     for (const FlashSegmentDescription* const one : segmentsOf(block, segment)) {
@@ -132,7 +139,8 @@ COtxValue VehicleFlashSession::GetDownloadData(std::int64_t block, std::int64_t 
         position = 0;
     }
     if (position > 0)
-        fail(Exceptions_e::FlashException, "the position lies beyond the flash data");
+        fail(Exceptions_e::FlashException,
+             "the position lies " + std::to_string(position) + " bytes behind the end of the flash data");
     return COtxByteField(std::move(bytes));
 }
 

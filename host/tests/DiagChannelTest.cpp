@@ -104,12 +104,15 @@ TEST_F(DiagChannels, IdentifyTheirVariant) {
 TEST_F(DiagChannels, StayWhereTheyAreWhenNoVariantFits) {
     const COtxValue channel = open("Engine", "Euro5");
     network->handle([](const Pdu& request, bool) -> std::vector<FakeAnswer> { return {{{0x7F, request[0], 0x31}}}; });
-    EXPECT_EQ(kindOf([&] { channel.ComChannel().IdentifyAndSelectVariant(); }), 7);
+    std::string why;
+    EXPECT_EQ(kindOf([&] { channel.ComChannel().IdentifyAndSelectVariant(); }, &why), 7);
+    EXPECT_EQ(why, "'Engine' is none of its variants: 'Euro5': F187 is refused; 'Euro6': F187 is refused");
     EXPECT_EQ(textOf(channel.ComChannel().GetComChannelEcuVariantName()), "Euro5");
     network->handle(nullptr);
     EXPECT_EQ(kindOf([&] { channel.ComChannel().IdentifyAndSelectVariant(); }), 15);
-    network->handle([](const Pdu&, bool) -> std::vector<FakeAnswer> { return {{{0x62, 0xF1, 0x87}, 20ms}}; });
-    EXPECT_EQ(kindOf([&] { channel.ComChannel().IdentifyAndSelectVariant(); }), 7);
+    network->handle([](const Pdu&, bool) -> std::vector<FakeAnswer> { return {{{0x62, 0xF1, 0x87, 0xAA}, 20ms}}; });
+    EXPECT_EQ(kindOf([&] { channel.ComChannel().IdentifyAndSelectVariant(); }, &why), 7);
+    EXPECT_EQ(why, "'Engine' is none of its variants: 'Euro5': F187 is AA, not 05 at byte 1; 'Euro6': F187 is AA, not 06 at byte 1");
 }
 
 TEST_F(DiagChannels, HaveComParameters) {
@@ -218,13 +221,17 @@ TEST_F(DiagChannels, SendRawBytesToAll) {
 TEST_F(DiagChannels, ToAGroupAreFunctional) {
     const COtxValue group = open("All");
     auto& com = group.ComChannel();
-    EXPECT_EQ(kindOf([&] { com.CreateDiagServiceByName(COtxString("ReadVin")); }), 8);
+    std::string why;
+    EXPECT_EQ(kindOf([&] { com.CreateDiagServiceByName(COtxString("ReadVin")); }, &why), 8);
+    EXPECT_EQ(why, "the group 'All' has no functional service 'ReadVin'; there are 'ReadAll'");
     executed(com.CreateDiagServiceByName(COtxString("ReadAll")));
     com.ExecuteHexDiagService(COtxByteField({0x22, 0x00, 0x01}), true);
     EXPECT_EQ(network->functional(), (std::vector<bool>{true, true}));
     EXPECT_EQ(kindOf([&] { open("All", "Euro5"); }), 8);
+    EXPECT_EQ(com.GetComParameterValue(COtxString("CP_P2Max"), ValueType::Integer).Int(), 60000);
+    EXPECT_EQ(kindOf([&] { com.GetComParameterValue(COtxString("CP_Name"), ValueType::String); }), 8);
+    EXPECT_EQ(com.GetComParameterValue(COtxString("CP_P2Star"), ValueType::Integer).Int(), 5000000);
     EXPECT_EQ(kindOf([&] { com.IdentifyAndSelectVariant(); }), 7);
-    EXPECT_EQ(com.GetComParameterValue(COtxString("CP_P2Max"), ValueType::Integer).Int(), 50000);
 }
 
 TEST_F(DiagChannels, ACancelledRunEndsTheWaitForARawResponse) {

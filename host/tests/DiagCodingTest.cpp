@@ -9,6 +9,7 @@
 
 #include <bit>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace velkotx::host {
@@ -89,6 +90,90 @@ TEST(DiagCoding, FloatsBothWays) {
     const auto wide = number(Coding::Float, 64);
     EXPECT_EQ(read(written(COtxFloat(-0.1), wide), wide).Float(), -0.1);
     EXPECT_TRUE(std::isnan(read({0x7F, 0xC0, 0, 0}, number(Coding::Float, 32)).Float()));
+}
+
+TEST(DiagCoding, FloatsBeyondTheirBitsAreRefused) {
+    std::string why;
+    EXPECT_EQ(kindOf([] { written(COtxFloat(1e39), number(Coding::Float, 32)); }, &why), 7);
+    EXPECT_NE(why.find("parameter 'P': "), std::string::npos);
+    EXPECT_NE(why.find(" doesn't fit into 32 bits"), std::string::npos);
+    EXPECT_EQ(kindOf([] { written(COtxFloat(-1e300), number(Coding::Float, 32)); }), 7);
+    EXPECT_EQ(written(COtxFloat(HUGE_VAL), number(Coding::Float, 32)), (Bytes{0x7F, 0x80, 0, 0}));
+    EXPECT_EQ(kindOf([] { written(COtxFloat(1e300), number(Coding::Float, 64)); }), -1);
+}
+
+TEST(DiagCoding, IntegersBeyond64BitsAreADiagComException) {
+    std::string why;
+    const auto parameter = number(Coding::Unsigned, 64);
+    EXPECT_EQ(kindOf([&] { read({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, parameter, ValueType::Integer); }, &why), 7);
+    EXPECT_EQ(why, "parameter 'P': 18446744073709551615 is beyond a 64-bit Integer");
+    EXPECT_EQ(read({0x7F, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, parameter, ValueType::Integer).Int(),
+              std::numeric_limits<long long>::max());
+    EXPECT_EQ(kindOf([] { read({0x7F, 0x80, 0, 0}, number(Coding::Float, 32), ValueType::Integer); }, &why), 7);
+    EXPECT_NE(why.find("parameter 'P': "), std::string::npos);
+}
+
+TEST(DiagCoding, WholeNumbersAreRounded) {
+    const auto parameter = number(Coding::Signed, 8);
+    EXPECT_EQ(written(COtxFloat(1.4), parameter), (Bytes{1}));
+    EXPECT_EQ(written(COtxFloat(1.5), parameter), (Bytes{2}));
+    EXPECT_EQ(written(COtxFloat(2.5), parameter), (Bytes{3}));
+    EXPECT_EQ(written(COtxFloat(-2.5), parameter), (Bytes{0xFD}));
+    EXPECT_EQ(written(COtxFloat(127.4), parameter), (Bytes{127}));
+    EXPECT_EQ(kindOf([&] { written(COtxFloat(127.5), parameter); }), 7);
+}
+
+// Whatever fails in a conversion, the parameter is told, and kinds that say nothing of diagnostics become kind 7.
+TEST(DiagCoding, FailuresNameTheParameter) {
+    auto voltage = number(Coding::Unsigned, 16);
+    voltage.unit = "V";
+    auto text = number(Coding::Utf8, 16);
+    const auto state = [] {
+        auto table = number(Coding::TextTable, 8);
+        table.texts = {{0, 9, "on"}};
+        return table;
+    }();
+    const auto tell = [](int kind, const std::function<void()>& action) {
+        std::string why;
+        EXPECT_EQ(kindOf(action, &why), kind) << why;
+        EXPECT_EQ(why.rfind("parameter 'P': ", 0), 0u) << why;
+    };
+    tell(5, [&] { written(COtxString("x"), voltage); });
+    tell(5, [&] { written(COtxList(), number(Coding::Boolean, 8)); });
+    tell(5, [&] { written(COtxList(), state); });
+    tell(5, [&] { written(COtxList(), number(Coding::ByteField, 8)); });
+    tell(18, [&] { written(COtxQuantity(1, COtxUnit("degC"), 5), voltage); });
+    tell(7, [&] { read({0xC3, 0x28}, text); });
+    tell(5, [&] { read({'a', 'b'}, text, ValueType::Float); });
+    tell(5, [&] { read({0x00, 0x01}, voltage, ValueType::List); });
+}
+
+TEST(DiagCoding, TablesAndBooleansAreTheirNumbers) {
+    auto state = number(Coding::TextTable, 8);
+    state.texts = {{0, 0, "off"}, {1, 9, "on"}};
+    EXPECT_TRUE(read({0x01}, state, ValueType::Boolean).Bool());
+    EXPECT_FALSE(read({0x00}, state, ValueType::Boolean).Bool());
+    EXPECT_EQ(read({0x02}, state, ValueType::Quantity).Quantity().GetDisplayValue().Float(), 2.0);
+    const auto flag = number(Coding::Boolean, 8);
+    EXPECT_EQ(read({0x10}, flag, ValueType::Quantity).Quantity().GetDisplayValue().Float(), 1.0);
+    EXPECT_EQ(read({0x10}, flag, ValueType::Float).Float(), 1.0);
+}
+
+TEST(DiagCoding, ByteFieldsOfNumbersAreHighFirst) {
+    auto low = number(Coding::Unsigned, 16);
+    low.byteOrder = ByteOrder::LowFirst;
+    const COtxValue field = read({0x34, 0x12}, low, ValueType::ByteField);
+    EXPECT_EQ(static_cast<const std::vector<unsigned char>&>(field.ByteField()), (Bytes{0x12, 0x34}));
+}
+
+TEST(DiagCoding, LengthsAreExplained) {
+    std::string why;
+    EXPECT_EQ(kindOf([] { written(COtxString("0102"), number(Coding::ByteField, 16)); }, &why), 7);
+    EXPECT_EQ(why, "parameter 'P': 4 bytes instead of 2; a String is the bytes of its characters");
+    EXPECT_EQ(kindOf([] { written(COtxByteField({'A', 'B', 'C', 'D'}), number(Coding::Ascii, 32)); }, &why), 7);
+    EXPECT_EQ(why, "parameter 'P': 41424344 is longer than 4 bytes; as a text, a ByteField is its digits");
+    EXPECT_EQ(kindOf([] { written(COtxInt(-1), number(Coding::Unsigned, 64)); }, &why), 7);
+    EXPECT_EQ(why, "parameter 'P': -1 is negative");
 }
 
 TEST(DiagCoding, ScalingUnitAndPrecision) {

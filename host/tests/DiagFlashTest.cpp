@@ -144,14 +144,19 @@ TEST_F(DiagFlash, WhatIsNotThereIsAFlashException) {
     EXPECT_EQ(kindOf([&] { flash.GetNumberOfSegments(-2); }), 26);
     EXPECT_EQ(kindOf([&] { flash.GetStartAddress(0, 2); }), 26);
     EXPECT_EQ(kindOf([&] { flash.GetStartAddress(0, -3); }), 26);
-    EXPECT_EQ(kindOf([&] { flash.GetOwnIdent(0, 2); }), 26);
+    std::string why;
+    EXPECT_EQ(kindOf([&] { flash.GetOwnIdent(0, 2); }, &why), 26);
+    EXPECT_EQ(why, "there is no own ident number 2 in the flash data, only 0 to 1");
+    EXPECT_EQ(kindOf([&] { flash.GetSecurityMethod(1, 1); }, &why), 26);
+    EXPECT_EQ(why, "there is no security number 1 in the flash data, only number 0");
     EXPECT_EQ(kindOf([&] { flash.GetSecurityMethod(0, 1); }), 26);
     EXPECT_EQ(kindOf([&] { flash.GetChecksum(0, -1); }), 26);
     EXPECT_EQ(kindOf([&] { flash.GetLogicalBlockID(9); }), 26);
     const COtxValue empty = host.GetFlashSession(COtxString("Everybody"));
     EXPECT_EQ(empty.FlashSession().GetNumberOfSegments(-1), 0);
     EXPECT_EQ(kindOf([&] { empty.FlashSession().GetStartAddress(-1, -1); }), 26);
-    EXPECT_EQ(kindOf([&] { empty.FlashSession().GetLogicalBlockID(-1); }), 26);
+    EXPECT_EQ(kindOf([&] { empty.FlashSession().GetLogicalBlockID(-1); }, &why), 26);
+    EXPECT_EQ(why, "there is no block number 0 in the flash data, none at all");
 }
 
 }  // namespace

@@ -82,7 +82,7 @@ TEST(DiagRequestParameters, AWrongPathIsAnUnknownTarget) {
     const auto request = makeRequest({value("first", 8)});
     std::string why;
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({text("last")})); }, &why), 8);
-    EXPECT_EQ(why, "'Request' has no 'last'");
+    EXPECT_EQ(why, "'Request' has no parameter 'last'; there are 'first'");
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({COtxInt(1)})); }), 8);
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({COtxInt(-1)})); }), 8);
     EXPECT_EQ(kindOf([&] { request->Container().GetParameterByPath(path({})); }), 8);
@@ -186,7 +186,19 @@ TEST(DiagRequestParameters, ComplexOnesAreMapsAndLists) {
     EXPECT_EQ(pair.Map().at(text("b")).Int(), 2);
     EXPECT_EQ(get(container, path({text("rest")})).List().at(1).Map().at(text("x")).Int(), 3);
     EXPECT_EQ(kindOf([&] { get(container, path({text("pair")}), ValueType::Integer); }), 5);
-    EXPECT_EQ(kindOf([&] { set(container, path({text("pair")}), COtxInt(1)); }), 5);
+    std::string why;
+    EXPECT_EQ(kindOf([&] { set(container, path({text("pair")}), COtxInt(1)); }, &why), 5);
+    EXPECT_EQ(why, "parameter 'pair' of 'Request' is complex: expected a Map, not a value of type Integer");
+}
+
+TEST(DiagRequestParameters, RepetitionsHaveAnEnd) {
+    const auto request = makeRequest({complex("rest", ParameterKind::Repeated, {value("x", 8)}, Extent::Rest)});
+    const COtxValue rest = request->Container().GetParameterByPath(path({text("rest")}));
+    for (int i = 0; i < 65536; ++i)
+        rest.Container().GetParameterByStep(COtxInt(i));
+    std::string why;
+    EXPECT_EQ(kindOf([&] { rest.Container().GetParameterByStep(COtxInt(65536)); }, &why), 7);
+    EXPECT_EQ(why, "parameter 'rest' of 'Request' has 65536 items already, and can't have more");
 }
 
 TEST(DiagRequestParameters, TextsAreCountedToo) {

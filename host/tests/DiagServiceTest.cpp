@@ -111,6 +111,90 @@ TEST_F(DiagServices, AnEventOfEarlierDoesntGiveAnOldResult) {
     ASSERT_TRUE(source.EventSource().Wait(event));
 }
 
+// Neither the event of the first, nor its end, is that of the second.
+TEST_F(DiagServices, AnExecutionUnderWayDoesntGiveItsResultToTheNext) {
+    for (int earlier = 1; earlier < 4; ++earlier) {
+        network->handle([](const Pdu& request, bool) -> std::vector<FakeAnswer> {
+            return {{{0x62, request[1], request[2], 7}, 30ms}};
+        });
+        network->hold(true);
+        const COtxValue data = service("ReadData");
+        for (int id = 1; id <= earlier; ++id) {
+            setParameter(data, "id", id);
+            data.DiagService().Execute(false);
+        }
+        setParameter(data, "id", 9);
+        const COtxValue source = data.DiagService().EventSource();
+        data.DiagService().Execute(false);
+        network->awaitHeld();
+        network->hold(false);
+        COtxValue event;
+        ASSERT_TRUE(source.EventSource().Wait(event));
+        const COtxValue result = data.DiagService().GetFirstResult();
+        EXPECT_EQ(responseParameter(result.Result().GetFirstResponse(), "id").Int(), 9);
+        // The others' events are still there for who waits for them.
+        for (int left = 0; left < earlier; ++left)
+            ASSERT_TRUE(source.EventSource().Wait(event));
+    }
+}
+
+TEST_F(DiagServices, ARefusedExecutionDoesntWaitForEarlierOnes) {
+    network->hold(true);
+    answer({{{0x62, 0x00, 0x01, 7}, 30ms}});
+    const COtxValue channel = open();
+    const COtxValue data = service("ReadData");
+    setParameter(data, "id", 1);
+    while (data.DiagService().GetAllResults().List().empty())
+        data.DiagService().Execute(false);
+    const COtxValue result = data.DiagService().GetFirstResult();
+    std::string why;
+    EXPECT_EQ(kindOf([&] { result.Result().GetFirstResponse(); }, &why), 12);
+    EXPECT_EQ(why, "too many requests wait for the link to 'Engine'");
+    channel.ComChannel().CloseComChannel();
+}
+
+TEST_F(DiagServices, AClosedSourceIsReplaced) {
+    const COtxValue data = service("ReadData");
+    setParameter(data, "id", 3);
+    answer({{{0x62, 0x00, 0x03, 7}, 30ms}});
+    const COtxValue closed = data.DiagService().EventSource();
+    data.DiagService().Execute(false);
+    COtxValue event;
+    ASSERT_TRUE(closed.EventSource().Wait(event));
+    closed.EventSource().Close();
+    const COtxValue result = executed(data);
+    EXPECT_EQ(responseParameter(result.Result().GetFirstResponse(), "id").Int(), 3);
+    EXPECT_FALSE(data.DiagService().EventSource() == closed);
+}
+
+TEST_F(DiagServices, AStoppedCommunicationEndsAnExecution) {
+    network->hold(true);
+    const COtxValue channel = open();
+    answer({{{0x62, 0x00, 0x02, 7}, 30ms}});
+    const COtxValue data = service("ReadData");
+    setParameter(data, "id", 2);
+    data.DiagService().Execute(false);
+    network->awaitHeld();
+    channel.ComChannel().StopCommunication();
+    const COtxValue result = data.DiagService().GetFirstResult();
+    EXPECT_EQ(result.Result().GetResultState().Int(), COtxResultState::AllFailed);
+    std::string why;
+    EXPECT_EQ(kindOf([&] { result.Result().GetFirstResponse(); }, &why), 12);
+    EXPECT_EQ(why, "the communication with 'Engine' was stopped before a response came");
+    EXPECT_EQ(channel.ComChannel().GetComChannelState().Int(), COtxComChannelState::Online);
+    network->hold(false);
+    channel.ComChannel().StartCommunication();
+    EXPECT_EQ(executed(data).Result().GetResultState().Int(), COtxResultState::AllPositive);
+}
+
+TEST_F(DiagServices, AnAnnouncedResponseThatNeverComesIsADiagComException) {
+    answer({{{0x7F, 0x22, 0x78}}});
+    const COtxValue result = executed(service("ReadVin"));
+    std::string why;
+    EXPECT_EQ(kindOf([&] { result.Result().GetFirstResponse(); }, &why), 7);
+    EXPECT_EQ(why, "'Engine' announced a response, but none came within 5000 ms");
+}
+
 TEST_F(DiagServices, AClosedSourceEndsTheWaitForAResult) {
     network->hold(true);
     answer({{{0x62, 0x00, 0x02, 7}, 30ms}});

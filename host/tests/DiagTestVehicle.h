@@ -44,6 +44,7 @@ inline ServiceDescription serviceOf(const std::string& name, const std::string& 
 
 inline std::shared_ptr<VehicleDescription> makeVehicle() {
     auto vehicle = std::make_shared<VehicleDescription>();
+    vehicle->comParameters = {{"CP_P2Max", std::int64_t{60000}, {}}};
     vehicle->groups.push_back({"All", 0x7DF});
     ControlUnitDescription engine;
     engine.name = "Engine";

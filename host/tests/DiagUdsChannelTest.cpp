@@ -153,11 +153,12 @@ TEST_F(DiagUdsChannel, PendingGivesTimeAgainAndAgain) {
     ASSERT_EQ(outcome.responses.size(), 1u);
 }
 
-TEST_F(DiagUdsChannel, PendingThatIsNotKeptIsSilence) {
+TEST_F(DiagUdsChannel, PendingThatIsNotKeptIsNeverSent) {
     answer({{{0x7F, 0x31, 0x78}, 10ms}});
     const auto outcome = execute({0x31, 0x01, 0x02, 0x03});
-    EXPECT_EQ(outcome.end, End::Silent);
+    EXPECT_EQ(outcome.end, End::NeverSent);
     EXPECT_EQ(outcome.waited, 5010ms);
+    EXPECT_EQ(outcome.pending, 1u);
 }
 
 TEST_F(DiagUdsChannel, PendingHasACap) {
@@ -166,7 +167,7 @@ TEST_F(DiagUdsChannel, PendingHasACap) {
         answers.push_back({{0x7F, 0x31, 0x78}, i * 2s});
     answer(answers);
     const auto outcome = execute({0x31, 0x01, 0x02, 0x03});
-    EXPECT_EQ(outcome.end, End::PendingTooLong);
+    EXPECT_EQ(outcome.end, End::NeverSent);
     EXPECT_EQ(outcome.waited, 25s);
     EXPECT_EQ(outcome.pending, 13u);
 }
@@ -177,7 +178,7 @@ TEST_F(DiagUdsChannel, PendingWithoutEndAtOnceIsCappedToo) {
     for (int i = 0; i < 1000; ++i)
         answers.push_back({{0x7F, 0x31, 0x78}, i * 100ms});
     answer(answers);
-    EXPECT_EQ(execute({0x31, 0x01, 0x02, 0x03}).end, End::PendingTooLong);
+    EXPECT_EQ(execute({0x31, 0x01, 0x02, 0x03}).end, End::NeverSent);
 }
 
 TEST_F(DiagUdsChannel, ForeignAnswersDontKeepItAlive) {
@@ -210,7 +211,7 @@ TEST_F(DiagUdsChannel, NegativeResponseToASuppressedOneCounts) {
 
 TEST_F(DiagUdsChannel, SuppressedResponseThatIsAnnouncedHasToCome) {
     answer({{{0x7F, 0x10, 0x78}, 10ms}});
-    EXPECT_EQ(execute({0x10, 0x83}).end, End::Silent);
+    EXPECT_EQ(execute({0x10, 0x83}).end, End::NeverSent);
     answer({{{0x7F, 0x10, 0x78}, 10ms}, {{0x50, 0x03}, 100ms}});
     EXPECT_EQ(execute({0x10, 0x83}).end, End::Answered);
 }
@@ -248,6 +249,21 @@ TEST_F(DiagUdsChannel, KeepsASessionAlive) {
     EXPECT_EQ(network->sent()[1], (Pdu{0x3E, 0x80}));
     pass(2s);
     EXPECT_EQ(network->sent().size(), 3u);
+}
+
+// All that were sent there have to stay.
+TEST_F(DiagUdsChannel, KeepsAFunctionalSessionAliveFunctionally) {
+    answer({{{0x50, 0x03, 0x00, 0x32, 0x01, 0xF4}, 0ms, "Engine"}, {{0x50, 0x03, 0x00, 0x32, 0x01, 0xF4}, 0ms, "Body"}});
+    execute({0x10, 0x03}, true);
+    answer({});
+    pass(2s);
+    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
+    EXPECT_TRUE(network->functional().back());
+    answer({{{0x50, 0x03}}});
+    execute({0x10, 0x03});
+    pass(2s);
+    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
+    EXPECT_FALSE(network->functional().back());
 }
 
 TEST_F(DiagUdsChannel, TrafficKeepsASessionAliveItself) {
@@ -366,7 +382,7 @@ TEST_F(DiagUdsChannel, TooManyRequestsEndAtOnce) {
     const auto last = std::make_shared<Client>();
     for (int i = 0; last->count() == 0 && i < 2; ++i)
         channel->submit({{0x3E, 0x00}, false}, last);
-    EXPECT_EQ(last->await().end, End::Closed);
+    EXPECT_EQ(last->await().end, End::Crowded);
     channel->close();
     EXPECT_EQ(client->await(UdsChannel::longestQueue + 1).end, End::Closed);
 }
@@ -439,9 +455,40 @@ TEST_F(DiagUdsChannel, StopsAndStartsAgain) {
     answer({{{0x7E, 0x00}}});
     channel->stop();
     EXPECT_EQ(channel->state(), UdsChannel::State::Stopped);
-    EXPECT_EQ(execute({0x3E, 0x00}).end, End::Closed);
+    EXPECT_EQ(execute({0x3E, 0x00}).end, End::Stopped);
     channel->start();
     EXPECT_EQ(execute({0x3E, 0x00}).end, End::Answered);
+}
+
+TEST_F(DiagUdsChannel, StopEndsWhatIsOnItsWay) {
+    network->hold(true);
+    const auto client = std::make_shared<Client>();
+    for (int i = 0; i < 3; ++i)
+        channel->submit({{0x3E, 0x00}, false}, client);
+    network->awaitHeld();
+    channel->stop();
+    for (std::size_t i = 1; i <= 3; ++i)
+        EXPECT_EQ(client->await(i).end, End::Stopped);
+    EXPECT_EQ(channel->state(), UdsChannel::State::Stopped);
+    network->hold(false);
+    channel->start();
+    answer({{{0x7E, 0x00}, 10ms}});
+    EXPECT_EQ(execute({0x3E, 0x00}).end, End::Answered);
+}
+
+TEST_F(DiagUdsChannel, StopAndStartAtAnyMoment) {
+    answer({{{0x7E, 0x00}, 1ms}});
+    for (int round = 0; round < 300; ++round) {
+        const auto client = std::make_shared<Client>();
+        channel->submit({{0x3E, 0x00}, false}, client);
+        channel->stop();
+        channel->start();
+        channel->submit({{0x3E, 0x00}, false}, client);
+        const End first = client->await(1).end;
+        EXPECT_TRUE(first == End::Stopped || first == End::Answered);
+        EXPECT_EQ(client->await(2).end, End::Answered);
+        EXPECT_EQ(channel->state(), UdsChannel::State::Open);
+    }
 }
 
 TEST_F(DiagUdsChannel, BrokenLinkEndsAllAndIsOpenedAgain) {

@@ -45,7 +45,7 @@ constexpr const char* text = R"json({
         { "id": 5, "data": "05", "read": { "sessions": ["extended"] } },
         { "id": 6, "data": "06", "read": false, "write": true },
         { "id": 7, "data": { "ascii": "", "length": 60 } },
-        { "id": 8, "data": ["AA", { "number": 300, "length": 1 }] }
+        { "id": 8, "data": ["AA", { "curve": 300, "length": 1 }] }
       ],
       "routines": [
         { "id": "0xFF00", "effect": "eraseMemory", "memory": "flash", "processing": 130, "sessions": ["programming"], "security": "flash", "started": "00", "optionLength": 0, "canStop": false },

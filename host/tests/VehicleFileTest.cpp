@@ -127,7 +127,7 @@ std::string serviceWith(const std::string& parameters) {
 
 TEST(VehicleFiles, MistakesOfServices) {
     const std::pair<const char*, const char*> parameters[] = {
-        {R"({ "name": "A", "bits": 65 })", "/controlUnits/0/services/0/request/parameters/0: 65 bits don't fit the coding"},
+        {R"({ "name": "A", "bits": 65 })", "/controlUnits/0/services/0/request/parameters/0: 65 bits don't fit the coding: expected 1 to 64 bits"},
         {R"({ "name": "A", "bits": 0 })", "0 bits don't fit the coding"},
         {R"({ "name": "A", "coding": "float", "bits": 16 })", "16 bits don't fit the coding"},
         {R"({ "name": "A", "coding": "bcd", "bits": 6 })", "6 bits don't fit the coding"},
@@ -149,12 +149,30 @@ TEST(VehicleFiles, MistakesOfServices) {
         {R"({ "name": "A", "minimum": 2, "maximum": 1 })", "the minimum is above the maximum"},
         {R"({ "name": "A", "byte": 0 })", "lies in the message's prefix"},
         {R"({ "name": "A", "fields": [] })", "expected at least one field"},
+        {R"({ "name": "A", "count": "rest", "fields": [] })", "expected at least one field"},
+        {R"({ "name": "L" }, { "name": "A", "count": { "countedBy": "L" }, "fields": [] })", "expected at least one field"},
+        {R"({ "name": "A", "count": "rest", "fields": 7 })", "/parameters/0/fields: expected a list"},
         {R"({ "name": "A" }, { "name": "A" })", "another one before it has the same name"},
         {R"({ "name": "A", "coding": "bytes", "bytes": "rest" }, { "name": "B" })", "nothing can follow what reaches to the end"},
         {R"({ "name": "A", "count": 2, "fields": [{ "name": "B", "coding": "bytes", "bytes": "rest" }] })", "can't be repeated"},
         {R"({ "name": "A", "coding": "bytes", "bytes": { "countedBy": "B" } })", "no unsigned parameter named \"B\" stands before it"},
         {R"({ "name": "A", "count": { "countedBy": "A" }, "fields": [{ "name": "C" }] })", "no unsigned parameter named \"A\""},
         {R"({ "name": "A", "unti": "V" })", "/parameters/0/unti: unknown key"},
+        {R"({ "name": "" })", "/parameters/0/name: expected at least one character"},
+        {R"({ "name": "A", "count": 2 })", "/parameters/0/count: only a structure is repeated: \"fields\" are missing"},
+        {R"({ "name": "A", "count": 0, "fields": [{ "name": "B" }] })", "/count: expected at least one repetition"},
+        {R"({ "name": "A", "default": 256 })", "/default: parameter 'A': 256 doesn't fit into 8 bits"},
+        {R"({ "name": "A", "default": -1 })", "/default: parameter 'A': -1 is negative"},
+        {R"({ "name": "A", "maximum": 5, "default": 6 })", "/default: parameter 'A': 6 is above the maximum 5"},
+        {R"({ "name": "A", "constant": 256 })", "/constant: parameter 'A': 256 doesn't fit into 8 bits"},
+        {R"({ "name": "A", "coding": "ascii", "bytes": 2, "default": "abc" })", "abc is longer than 2 bytes"},
+        {R"({ "name": "A", "coding": "float", "default": 1e300 })", "doesn't fit into 32 bits"},
+        {R"({ "name": "A", "texts": { "300": "on" } })", "/texts/300: 300 doesn't fit into 8 bits"},
+        {R"({ "name": "A", "texts": { "1": "on", "1..3": "off" } })", "/texts/1..3: another text before it stands for the same value"},
+        {R"({ "name": "A", "bits": 16 }, { "name": "B", "byte": 2 })", "/parameters/1: writes bits that another parameter before it writes"},
+        {R"({ "name": "A", "bits": 4, "bit": 1 }, { "name": "B", "byte": 1, "bit": 4, "bits": 4 })", "/parameters/1: writes bits"},
+        {R"({ "name": "S", "fields": [{ "name": "A" }, { "name": "B", "byte": 0 }] })", "/parameters/0: writes bits"},
+        {R"({ "name": "A", "coding": "bytes", "bytes": 4 }, { "name": "B", "byte": 3 })", "/parameters/1: writes bits"},
     };
     for (const auto& [parameter, mistake] : parameters)
         expectMistake(serviceWith(parameter), mistake);
@@ -164,9 +182,71 @@ TEST(VehicleFiles, MistakesOfServices) {
                   "a positive response can't begin with 7F");
     expectMistake(unitWith(R"("services": [{ "name": "S", "request": { "prefix": "22" }, "negative": [{ "prefix": "62" }] }])"),
                   "a negative response has to begin with 7F");
-    expectMistake(unitWith(R"("variants": [{ "name": "W", "matches": [{ "dataIdentifier": 9, "bytes": "00" }] }])"),
-                  "its data identifier isn't one of the control unit's");
     expectMistake(unitWith(R"("comParameters": [{ "name": "P" }])"), "the key \"default\" is missing");
+}
+
+TEST(VehicleFiles, MistakesOfResponses) {
+    const auto service = [](const std::string& responses) {
+        return unitWith(R"("services": [{ "name": "S", "request": { "prefix": "22 00" }, )" + responses + " }]");
+    };
+    expectMistake(service(R"("positive": [{ "prefix": "63" }])"), "/positive/0: a response to 22 begins with 62");
+    expectMistake(service(R"("negative": [{ "prefix": "7F 23" }])"), "/negative/0: a response to 22 begins with 7F 22");
+    expectMistake(service(R"("positive": [{ "prefix": "62", "parameters": [{ "name": "A", "constant": 256 }] }])"),
+                  "/positive/0/parameters/0/constant: parameter 'A': 256 doesn't fit into 8 bits");
+}
+
+TEST(VehicleFiles, MistakesOfVariants) {
+    expectMistake(unitWith(R"("variants": [{ "name": "V" }, { "name": "W", "matches": [{ "dataIdentifier": 9, "bytes": "00" }] }])"),
+                  "/variants/0: only the last variant can be without \"matches\"");
+    expectMistake(unitWith(R"("variants": [{ "name": "W", "matches": [{ "dataIdentifier": 9, "bytes": "" }] }])"),
+                  "/variants/0/matches/0/bytes: expected at least one byte");
+}
+
+TEST(VehicleFiles, MistakesOfComParameters) {
+    const std::pair<const char*, const char*> defaults[] = {
+        {R"({ "name": "CP_P2Max", "default": "soon" })", "/comParameters/0: parameter 'CP_P2Max': "},
+        {R"({ "name": "CP_P2Max", "default": -1 })", "parameter 'CP_P2Max': -1 is negative"},
+        {R"({ "name": "CP_P2Max", "default": 9223372036854775807 })", "is above the maximum"},
+        {R"({ "name": "CP_P2Max", "parts": [{ "name": "a", "default": 1 }] })", "ComParameter 'CP_P2Max' has a value, and no parts"},
+        {R"({ "name": "CP_TesterPresentHandling", "default": "maybe" })", "parameter 'CP_TesterPresentHandling': "},
+        {R"({ "name": "" , "default": 1 })", "/comParameters/0/name: expected at least one character"},
+    };
+    for (const auto& [parameter, mistake] : defaults) {
+        const std::string list = std::string("\"comParameters\": [") + parameter + "]";
+        expectMistake(unitWith(list), mistake);
+        expectMistake("{ \"name\": \"V\", " + list + ", \"controlUnits\": [] }", mistake);
+    }
+}
+
+TEST(VehicleFiles, MistakesOfSources) {
+    const auto identifier = [](const std::string& data) {
+        return unitWith("\"dataIdentifiers\": [{ \"id\": 1, \"data\": " + data + " }]");
+    };
+    expectMistake(identifier(R"({ "number": 300 })"), "/data/number: doesn't fit into 1 byte");
+    expectMistake(identifier(R"({ "number": -1 })"), "/data/number: doesn't fit");
+    expectMistake(identifier(R"({ "number": 13, "factor": 0.05 })"), "/data/number: doesn't fit");
+    expectMistake(identifier(R"({ "counter": 256 })"), "/data/counter: doesn't fit into 1 byte");
+    expectMistake(identifier(R"({ "ascii": "A", "number": 1 })"), "/data: \"ascii\" and \"number\" are two sources: put them into a list");
+    EXPECT_EQ(mistakesOf(identifier(R"([{ "number": 255 }, { "number": -128, "signed": true }, { "counter": 255 }, { "curve": 300 }])")),
+              std::vector<std::string>());
+}
+
+// One mistake is told once.
+TEST(VehicleFiles, NothingIsToldTwice) {
+    for (const char* const part : {R"("services": [{ "name": "S", "request": { "prefix": "ZZ" } }])",
+                                   R"("services": [{ "name": "S", "request": { "prefix": "22", "parameters": 7 } }])",
+                                   R"("services": [{ "name": "S", "request": { "prefix": "22", "parameters": [{ "name": "A", "fields": 7 }] } }])",
+                                   R"("services": [{ "name": "S", "request": { "prefix": "22" }, "negative": [{ "prefix": "ZZ" }] }])",
+                                   R"("dataIdentifiers": [{ "id": 1, "data": { "ascii": 7 } }])"})
+        EXPECT_EQ(mistakesOf(unitWith(part)).size(), 1U) << part;
+}
+
+TEST(VehicleFiles, OddThingsThatAreNoMistake) {
+    for (const char* const part : {R"("variants": [{ "name": "W", "matches": [{ "dataIdentifier": 9, "bytes": "00" }] }, { "name": "V" }])",
+                                   R"("services": [{ "name": "S", "request": { "prefix": "22", "parameters": [
+                                       { "name": "A", "texts": { "1": "on", "3": "on" } },
+                                       { "name": "B", "byte": 2, "bits": 4 }, { "name": "C", "byte": 2, "bit": 4, "bits": 4 }] } }])"})
+        EXPECT_EQ(mistakesOf(unitWith(part)), std::vector<std::string>()) << part;
 }
 
 // What a small file can ask for is bounded.

@@ -43,7 +43,8 @@ void checkLevel(const JsonPlace& list, const std::vector<ParameterDescription>& 
             checkCount(place, parameter, counters);
         if (reachesEnd(parameter) && index + 1 < parameters.size())
             place.mistake("nothing can follow what reaches to the end of the message");
-        if (parameter.kind == ParameterKind::Repeated && reachesEnd(parameter.fields.back()))
+        if (parameter.kind == ParameterKind::Repeated && !parameter.fields.empty() &&
+            reachesEnd(parameter.fields.back()))
             place.mistake("a field that reaches to the end of the message can't be repeated");
         if (parameter.kind != ParameterKind::Value) {
             const std::size_t inner = repetitions * std::max<std::size_t>(parameter.count, 1);
@@ -53,7 +54,8 @@ void checkLevel(const JsonPlace& list, const std::vector<ParameterDescription>& 
             }
             const JsonNode& node = place.node();
             for (std::size_t member = 0; member < node.keys.size(); ++member)
-                if (node.keys[member] == "fields" && !node.items[member].repeated)
+                if (node.keys[member] == "fields" && !node.items[member].repeated &&
+                    node.items[member].kind == JsonNode::Kind::List)
                     checkLevel(place.inside(node.items[member], "fields"), parameter.fields, 0, counters, inner);
         }
         if (canCount(parameter))

@@ -22,14 +22,28 @@ void appendNumber(std::uint64_t number, std::size_t length, Bytes& target) {
         target.push_back(static_cast<std::uint8_t>(place < 8 ? number >> (place * 8) : 0));
 }
 
+double scaled(const CurveSource& source, double physical) {
+    return (physical - source.scaling.offset) / source.scaling.factor;
+}
+
+double lowestOf(const CurveSource& source) {
+    return source.isSigned ? -std::ldexp(1.0, static_cast<int>(source.length * 8) - 1) : 0.0;
+}
+
+// The first number that doesn't fit.
+double beyondOf(const CurveSource& source) {
+    const auto bits = static_cast<int>(source.length * 8);
+    return std::ldexp(1.0, source.isSigned ? bits - 1 : bits);
+}
+
 // The nearest whole number that the coding can carry.
 std::uint64_t coded(const CurveSource& source, double physical) {
-    const double number = (physical - source.scaling.offset) / source.scaling.factor;
+    const double number = scaled(source, physical);
     if (std::isnan(number))
         return 0;
     const auto bits = static_cast<int>(source.length * 8);
-    const double lowest = source.isSigned ? -std::ldexp(1.0, bits - 1) : 0.0;
-    const double highest = std::ldexp(1.0, source.isSigned ? bits - 1 : bits);  // the first one that doesn't fit
+    const double lowest = lowestOf(source);
+    const double highest = beyondOf(source);
     if (number <= lowest)
         return source.isSigned ? std::uint64_t{1} << (bits - 1) : 0;
     const double rounded = std::round(number);
@@ -54,6 +68,11 @@ struct Append {
 };
 
 }  // namespace
+
+bool canCarry(const CurveSource& source, double physical) {
+    const double number = std::round(scaled(source, physical));
+    return lowestOf(source) <= number && number < beyondOf(source);
+}
 
 std::size_t sourceLength(const std::vector<DataSource>& sources) {
     std::size_t length = 0;

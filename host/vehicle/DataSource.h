@@ -9,6 +9,9 @@
 
 namespace velkotx::host {
 
+// Whether the source's bytes can carry the value as it is.
+bool canCarry(const CurveSource& source, double physical);
+
 // How many bytes the sources give, always.
 std::size_t sourceLength(const std::vector<DataSource>& sources);
 

@@ -218,6 +218,12 @@ std::optional<JsonPlace> ObjectReader::require(const char* key) {
     return member;
 }
 
+void ObjectReader::name(std::string& target, const char* key) {
+    const auto member = require(key);
+    if (member && readJson(*member, target) && target.empty())
+        member->mistake("expected at least one character");
+}
+
 void ObjectReader::finish() const {
     const JsonNode& node = place_.node();
     for (std::size_t index = 0; index < node.keys.size(); ++index)

@@ -126,6 +126,8 @@ public:
         if (const auto member = require(key))
             readJson(*member, target);
     }
+    // A name: a text with at least one character, under the key "name" or another.
+    void name(std::string& target, const char* key = "name");
     template <typename Target>
     void optional(const char* key, Target& target) {
         if (const auto member = find(key))

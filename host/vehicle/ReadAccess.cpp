@@ -11,7 +11,7 @@ namespace {
 
 bool readJson(const JsonPlace& place, SessionDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.required("id", target.id);
     in.optional("p2", target.p2);
     in.optional("p2Star", target.p2Star);
@@ -38,7 +38,7 @@ void checkKey(const JsonPlace& place, const SecurityDescription& security) {
 
 bool readJson(const JsonPlace& place, SecurityDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.required("level", target.level);
     in.required("algorithm", target.algorithm);
     in.optional("constant", target.constant);

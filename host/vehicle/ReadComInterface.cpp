@@ -39,7 +39,7 @@ void readEthernet(const JsonPlace& place, EthernetDescription& target) {
 
 bool readJson(const JsonPlace& place, ComInterfaceDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     if (const auto status = in.find("status"))
         readWord<InterfaceStatus>(*status,
                                   {{"connected", InterfaceStatus::Connected},
@@ -64,7 +64,7 @@ bool readJson(const JsonPlace& place, ComInterfaceDescription& target) {
 
 bool readJson(const JsonPlace& place, FunctionalGroupDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.required("address", target.address);
     in.finish();
     return true;

@@ -11,7 +11,9 @@ bool readJson(const JsonPlace& place, VariantMatch& target) {
     ObjectReader in(place);
     in.required("dataIdentifier", target.dataIdentifier);
     in.optional("position", target.position);
-    in.required("bytes", target.bytes);
+    const auto bytes = in.require("bytes");
+    if (bytes && readJson(*bytes, target.bytes) && target.bytes.empty())
+        bytes->mistake("expected at least one byte");
     in.finish();
     return true;
 }
@@ -24,16 +26,15 @@ void addCommon(const std::vector<Item>& common, std::vector<Item>& target) {
             target.push_back(item);
 }
 
+// A variant without matches fits whatever comes, so none behind it would ever be found.
 void checkVariants(ObjectReader& in, const ControlUnitDescription& unit) {
     const auto variants = in.find("variants");
     if (!variants || !variants->is(JsonNode::Kind::List))
         return;
     const auto places = variants->items();
-    for (std::size_t index = 0; index < unit.variants.size(); ++index)
-        for (const VariantMatch& match : unit.variants[index].matches)
-            if (std::none_of(unit.dataIdentifiers.begin(), unit.dataIdentifiers.end(),
-                             [&](const auto& identifier) { return identifier.id == match.dataIdentifier; }))
-                places[index].mistake("its data identifier isn't one of the control unit's");
+    for (std::size_t index = 0; index + 1 < unit.variants.size(); ++index)
+        if (unit.variants[index].matches.empty())
+            places[index].mistake("only the last variant can be without \"matches\"");
 }
 
 void checkRoutineMemories(ObjectReader& in, const ControlUnitDescription& unit) {
@@ -88,7 +89,7 @@ void readBehaviour(ObjectReader& in, ControlUnitDescription& target) {
 
 bool readJson(const JsonPlace& place, VariantDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     if (const auto matches = in.find("matches"))
         for (const JsonPlace& match : matches->items())
             readJson(match, target.matches.emplace_back());
@@ -99,7 +100,7 @@ bool readJson(const JsonPlace& place, VariantDescription& target) {
 
 bool readJson(const JsonPlace& place, ComParameterDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     readUniqueList(in, "parts", target.parts, [](const auto& item) { return item.name; }, "name");
     if (!in.has("parts"))
         in.required("default", target.defaultValue);
@@ -107,16 +108,29 @@ bool readJson(const JsonPlace& place, ComParameterDescription& target) {
     return true;
 }
 
+void readComParameters(ObjectReader& in, std::vector<ComParameterDescription>& target) {
+    const auto list = in.find("comParameters");
+    if (!list)
+        return;
+    for (const JsonPlace& item : list->items()) {
+        const std::size_t mistakes = item.context().mistakes.size();
+        readJson(item, target.emplace_back());
+        if (item.context().mistakes.size() == mistakes)
+            checkComParameter(item, target.back());
+    }
+    expectUnique(*list, target, [](const auto& parameter) { return parameter.name; }, "name");
+}
+
 void readControlUnit(const JsonPlace& place, const ControlUnitDescription& common, ControlUnitDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.required("requestAddress", target.requestAddress);
     in.required("responseAddress", target.responseAddress);
     in.optional("groups", target.groups);
     readSessions(in, target.sessions);
     readSecurities(in, target.securities);
     readBehaviour(in, target);
-    readUniqueList(in, "comParameters", target.comParameters, [](const auto& item) { return item.name; }, "name");
+    readComParameters(in, target.comParameters);
     readUniqueList(in, "services", target.services, [](const auto& item) { return item.name; }, "name");
     readUniqueList(in, "variants", target.variants, [](const auto& item) { return item.name; }, "name");
     addCommon(common.comParameters, target.comParameters);

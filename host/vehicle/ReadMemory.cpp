@@ -11,7 +11,7 @@ constexpr std::uint64_t largestMemory = 64U << 20U;
 
 bool readJson(const JsonPlace& place, MemoryDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.required("start", target.start);
     in.required("size", target.size);
     in.optional("fill", target.fill);

@@ -44,6 +44,24 @@ void readLength(ObjectReader& in, ParameterDescription& target) {
         bytes->mistake("only texts and byte fields have a length that isn't fixed");
 }
 
+// What a coding can have, in words.
+const char* lengthsOf(Coding coding) {
+    switch (coding) {
+    case Coding::Signed:
+        return "2 to 64 bits";
+    case Coding::Float:
+        return "32 or 64 bits";
+    case Coding::Bcd:
+        return "4 bits for each digit, up to 64";
+    case Coding::ByteField:
+    case Coding::Ascii:
+    case Coding::Utf8:
+        return "whole bytes, at least one";
+    default:
+        return "1 to 64 bits";
+    }
+}
+
 bool fitsCoding(const ParameterDescription& parameter) {
     const std::size_t bits = parameter.bitLength;
     switch (parameter.coding) {
@@ -106,6 +124,17 @@ bool readRange(std::string_view text, TextEntry& entry) {
     return dots == std::string_view::npos || (readNumber(text.substr(dots + 2), entry.to) && entry.from <= entry.to);
 }
 
+// The entry is the last of the table so far.
+void checkRange(const JsonPlace& place, const TextEntry& entry, const ParameterDescription& parameter) {
+    if (parameter.bitLength < 64 && entry.to >> parameter.bitLength != 0)
+        place.mistake(std::to_string(entry.to) + " doesn't fit into " + std::to_string(parameter.bitLength) + " bits");
+    const auto overlaps = [&](const TextEntry& other) {
+        return &other != &entry && other.from <= entry.to && entry.from <= other.to;
+    };
+    if (std::any_of(parameter.texts.begin(), parameter.texts.end(), overlaps))
+        place.mistake("another text before it stands for the same value");
+}
+
 void readTexts(ObjectReader& in, ParameterDescription& target) {
     const auto place = in.find("texts");
     if (!place || !place->expect(JsonNode::Kind::Object, "an object of coded value to text"))
@@ -118,6 +147,8 @@ void readTexts(ObjectReader& in, ParameterDescription& target) {
         TextEntry& entry = target.texts.emplace_back();
         if (!readRange(node.keys[index], entry))
             item.mistake("expected a coded value as the key, like \"3\", \"0x1F\" or \"1..7\"");
+        else
+            checkRange(item, entry, target);
         readJson(item, entry.text);
     }
 }
@@ -146,17 +177,28 @@ bool fitsParameter(PlainValue& value, const JsonPlace& place, const ParameterDes
     }
 }
 
-void readValueOf(ObjectReader& in, const char* key, const ParameterDescription& parameter, PlainValue& target) {
+// The value is looked at whole only in a parameter that has been without a mistake so far: `known` of them are others'.
+void readValueOf(ObjectReader& in, const char* key, const ParameterDescription& parameter, std::size_t known,
+                 PlainValue& target) {
     const auto place = in.find(key);
-    if (place && readJson(*place, target) && !fitsParameter(target, *place, parameter))
+    if (!place || !readJson(*place, target))
+        return;
+    const bool fits = fitsParameter(target, *place, parameter);
+    if (!fits)
         place->mistake("not a value of this parameter's coding");
+    else if (place->context().mistakes.size() == known)
+        checkValue(*place, target, parameter);
 }
 
 void readSimple(ObjectReader& in, ParameterDescription& target) {
+    const std::size_t known = in.place().context().mistakes.size();
     readCoding(in, target);
     readLength(in, target);
     if (target.extent == Extent::Fixed && !fitsCoding(target))
-        in.place().mistake(std::to_string(target.bitLength) + " bits don't fit the coding");
+        in.place().mistake(std::to_string(target.bitLength) + " bits don't fit the coding: expected " +
+                           lengthsOf(target.coding));
+    if (const auto count = in.find("count"))
+        count->mistake("only a structure is repeated: \"fields\" are missing");
     if (const auto place = in.find("bit")) {
         std::uint64_t bit = 0;
         if (readUnsigned(*place, 7, bit))
@@ -174,18 +216,22 @@ void readSimple(ObjectReader& in, ParameterDescription& target) {
     in.optional("maximum", target.maximum);
     if (target.minimum && target.maximum && *target.minimum > *target.maximum)
         in.place().mistake("the minimum is above the maximum");
-    readValueOf(in, "default", target, target.defaultValue);
-    readValueOf(in, "constant", target, target.constant);
+    readValueOf(in, "default", target, known, target.defaultValue);
+    readValueOf(in, "constant", target, known, target.constant);
 }
 
 void readComplex(ObjectReader& in, ParameterDescription& target) {
     readUniqueList(in, "fields", target.fields, [](const ParameterDescription& field) { return field.name; }, "name");
+    const auto fields = in.find("fields");
     const auto count = in.find("count");
     target.kind = count ? ParameterKind::Repeated : ParameterKind::Structure;
     std::uint64_t value = 0;
-    if (count && !readExtent(*count, target) && readUnsigned(*count, largestMessage, value))
+    if (count && !readExtent(*count, target) && readUnsigned(*count, largestMessage, value)) {
         target.count = static_cast<std::size_t>(value);
-    if (target.fields.empty())
+        if (value == 0)
+            count->mistake("expected at least one repetition");
+    }
+    if (fields->is(JsonNode::Kind::List) && target.fields.empty())
         in.place().mistake("expected at least one field");
 }
 
@@ -193,7 +239,7 @@ void readComplex(ObjectReader& in, ParameterDescription& target) {
 
 bool readJson(const JsonPlace& place, ParameterDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.optional("semantic", target.semantic);
     if (const auto byte = in.find("byte")) {
         std::uint64_t position = 0;

@@ -52,8 +52,20 @@ void readSources(ObjectReader& in, const char* key, std::vector<DataSource>& tar
 // isn't there.
 void checkLayout(const JsonPlace& parameters, const MessageDescription& message);
 
+// Notes the first parameter of a request that writes bits of another, as far as their places are known. In a response that
+// is no mistake: bits may be seen in several ways. Only for a request without other mistakes.
+void checkOverlap(const JsonPlace& request, const MessageDescription& message);
+
+// Notes a default or constant that can't be coded: the same value would be refused when it is sent.
+void checkValue(const JsonPlace& place, const PlainValue& value, const ParameterDescription& parameter);
+
+// Notes a default that a ComParameter with a meaning of its own can't have.
+void checkComParameter(const JsonPlace& place, const ComParameterDescription& parameter);
+
 // The bytes of a file: {"file": "data.bin", "offset": 0, "size": 1024}, or of a text of hexadecimal digits.
 bool readData(const JsonPlace& place, Bytes& target);
+
+void readComParameters(ObjectReader& in, std::vector<ComParameterDescription>& target);
 
 // A control unit; what it lacks is taken from the vehicle's own services and ComParameters.
 void readControlUnit(const JsonPlace& place, const ControlUnitDescription& common, ControlUnitDescription& target);

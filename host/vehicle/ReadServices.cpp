@@ -1,6 +1,10 @@
 // Reads the services of a control unit.
 #include "vehicle/ReadParts.h"
 
+#include "diag/UdsText.h"
+
+#include <span>
+
 namespace velkotx::host {
 
 namespace {
@@ -24,17 +28,34 @@ bool isNegative(const MessageDescription& message) {
     return !message.prefix.empty() && message.prefix.front() == 0x7F;
 }
 
-void readResponses(ObjectReader& in, const char* key, bool negative, std::vector<MessageDescription>& target) {
+// An answer to another service would be passed over. Of messages whose first bytes are parameters nothing is known.
+void checkService(const JsonPlace& place, const MessageDescription& request, const MessageDescription& response) {
+    const std::size_t at = isNegative(response) ? 1 : 0;
+    if (request.prefix.empty() || response.prefix.size() <= at)
+        return;
+    const auto wanted = static_cast<std::uint8_t>(request.prefix[0] + (at == 0 ? 0x40 : 0));
+    if (response.prefix[at] != wanted)
+        place.mistake("a response to " + hexText(std::span(request.prefix).first(1)) + " begins with " +
+                      (at == 0 ? "" : "7F ") + hexText(std::span(&wanted, 1)));
+}
+
+void readResponses(ObjectReader& in, const char* key, bool negative, const MessageDescription& request,
+                   std::vector<MessageDescription>& target) {
     const auto list = in.find(key);
     if (!list)
         return;
-    readJson(*list, target);
-    const auto places = list->items();
-    for (std::size_t index = 0; index < places.size(); ++index) {
-        expectPrefix(places[index], target[index], "response");
-        if (isNegative(target[index]) != negative)
-            places[index].mistake(negative ? "a negative response has to begin with 7F"
-                                           : "a positive response can't begin with 7F");
+    for (const JsonPlace& place : list->items()) {
+        const std::size_t mistakes = place.context().mistakes.size();
+        MessageDescription& response = target.emplace_back();
+        readJson(place, response);
+        if (place.context().mistakes.size() != mistakes)
+            continue;
+        expectPrefix(place, response, "response");
+        if (isNegative(response) != negative)
+            place.mistake(negative ? "a negative response has to begin with 7F"
+                                   : "a positive response can't begin with 7F");
+        else
+            checkService(place, request, response);
     }
     expectUnique(*list, target, [](const MessageDescription& message) { return message.name; }, "name");
 }
@@ -47,7 +68,7 @@ bool readJson(const JsonPlace& place, MessageDescription& target) {
     in.optional("prefix", target.prefix);
     readUniqueList(in, "parameters", target.parameters,
                    [](const ParameterDescription& parameter) { return parameter.name; }, "name");
-    if (const auto parameters = in.find("parameters"))
+    if (const auto parameters = in.find("parameters"); parameters && parameters->is(JsonNode::Kind::List))
         checkLayout(*parameters, target);
     in.finish();
     return true;
@@ -55,17 +76,21 @@ bool readJson(const JsonPlace& place, MessageDescription& target) {
 
 bool readJson(const JsonPlace& place, ServiceDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     in.optional("semantic", target.semantic);
     in.optional("functional", target.functional);
     if (const auto request = in.require("request")) {
+        const std::size_t mistakes = place.context().mistakes.size();
         readJson(*request, target.request);
-        expectPrefix(*request, target.request, "request");
+        if (place.context().mistakes.size() == mistakes) {
+            expectPrefix(*request, target.request, "request");
+            checkOverlap(*request, target.request);
+        }
     }
     if (target.request.name.empty())
         target.request.name = target.name;
-    readResponses(in, "positive", false, target.positive);
-    readResponses(in, "negative", true, target.negative);
+    readResponses(in, "positive", false, target.request, target.positive);
+    readResponses(in, "negative", true, target.request, target.negative);
     if (target.negative.empty())
         target.negative.push_back(usualNegativeResponse());
     in.finish();

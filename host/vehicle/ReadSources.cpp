@@ -1,6 +1,8 @@
 // Reads curves, and the sources of what a control unit sends.
 #include "vehicle/ReadParts.h"
 
+#include "vehicle/DataSource.h"
+
 #include <algorithm>
 
 namespace velkotx::host {
@@ -56,11 +58,17 @@ Bytes readAscii(ObjectReader& in) {
     return bytes;
 }
 
+std::string misfit(std::size_t length) {
+    return "doesn't fit into " + std::to_string(length) + (length == 1 ? " byte" : " bytes");
+}
+
 CounterSource readCounter(ObjectReader& in) {
     CounterSource source;
     in.required("counter", source.start);
     in.optional("step", source.step);
     readLength(in, 8, source.length);
+    if (source.length < 8 && source.start >> (8 * source.length) != 0)
+        in.find("counter")->mistake(misfit(source.length));
     return source;
 }
 
@@ -71,6 +79,31 @@ CurveSource readCurve(ObjectReader& in, const char* key) {
     in.optional("signed", source.isSigned);
     readScaling(in, source.scaling);
     return source;
+}
+
+// A curve may leave what the bytes can carry; a number that does so is a mistake.
+CurveSource readFixed(ObjectReader& in) {
+    const std::size_t mistakes = in.place().context().mistakes.size();
+    CurveSource source = readCurve(in, "number");
+    if (in.place().context().mistakes.size() != mistakes)
+        return source;
+    for (const Curve::Point& point : source.curve.points)
+        if (!canCarry(source, point.value))
+            in.find("number")->mistake(misfit(source.length));
+    return source;
+}
+
+constexpr const char* kinds[] = {"ascii", "counter", "curve", "number"};
+
+// False, and a mistake, for two sources in one.
+bool isOne(ObjectReader& in) {
+    std::vector<std::string> found;
+    for (const char* const kind : kinds)
+        if (in.find(kind))
+            found.emplace_back(kind);
+    if (found.size() > 1)
+        in.place().mistake("\"" + found[0] + "\" and \"" + found[1] + "\" are two sources: put them into a list");
+    return found.size() < 2;
 }
 
 }  // namespace
@@ -116,6 +149,8 @@ bool readJson(const JsonPlace& place, DataSource& target) {
         return true;
     }
     ObjectReader in(place);
+    if (!isOne(in))
+        return false;
     if (in.has("ascii"))
         target = readAscii(in);
     else if (in.has("counter"))
@@ -123,7 +158,7 @@ bool readJson(const JsonPlace& place, DataSource& target) {
     else if (in.has("curve"))
         target = readCurve(in, "curve");
     else if (in.has("number"))
-        target = readCurve(in, "number");
+        target = readFixed(in);
     else if (place.is(JsonNode::Kind::Object))
         place.mistake("expected one of the keys \"ascii\", \"number\", \"counter\", \"curve\"");
     in.finish();

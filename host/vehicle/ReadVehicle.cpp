@@ -112,7 +112,7 @@ bool isBearable(const ControlUnitDescription& common, std::size_t units) {
 void readControlUnits(ObjectReader& in, VehicleDescription& target) {
     ControlUnitDescription common;
     readUniqueList(in, "services", common.services, [](const auto& item) { return item.name; }, "name");
-    readUniqueList(in, "comParameters", common.comParameters, [](const auto& item) { return item.name; }, "name");
+    readComParameters(in, common.comParameters);
     const auto units = in.require("controlUnits");
     if (!units)
         return;
@@ -122,13 +122,14 @@ void readControlUnits(ObjectReader& in, VehicleDescription& target) {
     }
     for (const JsonPlace& unit : units->items())
         readControlUnit(unit, common, target.controlUnits.emplace_back());
+    target.comParameters = std::move(common.comParameters);
     if (units->is(JsonNode::Kind::List) && target.controlUnits.empty())
         units->mistake("expected at least one control unit");
 }
 
 void readWhole(const JsonPlace& place, VehicleDescription& target) {
     ObjectReader in(place);
-    in.required("name", target.name);
+    in.name(target.name);
     readUniqueList(in, "groups", target.groups, [](const auto& item) { return item.name; }, "name");
     readControlUnits(in, target);
     readUniqueList(in, "flashSessions", target.flashSessions, [](const auto& item) { return item.id; }, "id");

@@ -24,6 +24,7 @@ struct VehicleDescription {
     std::vector<FlashSessionDescription> flashSessions;
     std::vector<ComInterfaceDescription> comInterfaces;
     std::string defaultComInterface;  // may be empty
+    std::vector<ComParameterDescription> comParameters;  // of channels to groups; control units have copies
 };
 
 }  // namespace velkotx::host

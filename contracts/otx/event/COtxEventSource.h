@@ -20,4 +20,7 @@ public:
     static void PutAll(std::thread::id thread, const COtxValue& value, const COtxValue& param);
     // Closes every open source of the thread's group, which ends every wait on them.
     static void CloseAll(std::thread::id thread);
+    // Whether it has been closed, so that who hands out sources knows when a new one is needed. False for what is no source
+    // of this library.
+    static bool IsClosed(const COtxValue& source);
 };

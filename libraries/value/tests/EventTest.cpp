@@ -100,8 +100,11 @@ TEST(EventSource, ClosingIsFinalForPresentAndFutureWaits) {
 TEST(EventSource, WhatIsQueuedIsLostWhenItCloses) {
     const COtxHMIScreenClosedEventSource source;
     source.EventSource().Put(COtxInt(1));
+    EXPECT_FALSE(COtxEventSource::IsClosed(source));
     source.EventSource().Close();
+    EXPECT_TRUE(COtxEventSource::IsClosed(source));
     EXPECT_TRUE(isClosed(source));
+    EXPECT_FALSE(COtxEventSource::IsClosed(COtxInt(1)));
 }
 
 TEST(EventSource, AnEventWakesOneWaiterOnly) {

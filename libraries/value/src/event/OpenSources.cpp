@@ -65,3 +65,8 @@ void COtxEventSource::PutAll(std::thread::id thread, const COtxValue& value, con
 void COtxEventSource::CloseAll(std::thread::id thread) {
     for (const auto& source : otx::OpenSources::instance().ofGroup(thread)) source->Close();
 }
+
+bool COtxEventSource::IsClosed(const COtxValue& source) {
+    const auto own = otx::sourceBehind(source);
+    return own != nullptr && own->isClosed();
+}
