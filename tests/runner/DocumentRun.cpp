@@ -59,7 +59,7 @@ void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, const Script& 
 
 std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode) {
     Transcript transcript;
-    const TraceRecorder recorder(script.trace, transcript);
+    const TraceRecorder recorder(script.trace, script.sequenceLog, transcript);
 
     RecordingVehicle recording(transcript, script.failures);
     std::shared_ptr<velkotx::Sequencer> sequencer;

@@ -78,6 +78,10 @@ void ExpectFile::readDirective(const std::string& line) {
         filter.level = *number;
         if (!pattern.empty()) filter.pattern = pattern;
         script_.trace.push_back(filter);
+    } else if (directive == "sequence-log") {
+        const auto number = numberIn(rest);
+        if (!number) throw std::runtime_error("no level: " + line);
+        script_.sequenceLog = *number;
     } else if (directive == "stops") {
         script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
     } else if (directive == "nohost") {
