@@ -5,6 +5,7 @@
 #include "program/InterruptThread.h"
 #include "program/Load.h"
 #include "program/Report.h"
+#include "program/RunLog.h"
 #include "program/SetUp.h"
 #include "program/debug/Debugger.h"
 #include "program/debug/LineReader.h"
@@ -35,6 +36,7 @@ int converse(Debugger& debugger, LineReader& reader, const Streams& streams) {
 int debug(const DebugOptions& options, const Streams& streams) {
     Inputs inputs(streams.in);
     inputs.takeStandardInput();  // the commands
+    startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);
     auto loaded = load(inputs, options.document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded))

@@ -6,12 +6,12 @@
 #include "program/InterruptWatcher.h"
 #include "program/Load.h"
 #include "program/Report.h"
+#include "program/RunLog.h"
 #include "program/SetUp.h"
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
 #include "program/script/ScriptedHost.h"
 
-#include <otx/log/CLog.h>
 #include <velkotx/Sequencer.h>
 
 #include <optional>
@@ -19,15 +19,6 @@
 namespace velkotx::host {
 
 namespace {
-
-// The numbers of the log library's subsystems.
-constexpr Hvt::TLogSubSys sequenceLog = 2;
-constexpr Hvt::TLogSubSys trace = 3;
-
-void setLogLevel(int level) {
-    Hvt::CLog::SetReportingLevel(sequenceLog, level);
-    Hvt::CLog::SetReportingLevel(trace, level);
-}
 
 bool isScripted(const RunOptions& options) {
     return !options.controlFile.empty() || !options.answersFile.empty();
@@ -48,7 +39,9 @@ void setBreakpoints(Sequencer& sequencer, const std::vector<std::string>& ids) {
 
 Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp) {
     const InterruptWatcher watcher(sequencer);
-    return runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+    Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+    finishLog();
+    return outcome;
 }
 
 Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp, ScriptedHost& host) {
@@ -56,6 +49,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     host.start();
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
     host.finish();
+    finishLog();
     return outcome;
 }
 
@@ -64,8 +58,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
 int run(const RunOptions& options, const Streams& streams) {
     requireScriptForStops(options);
     Inputs inputs(streams.in);
-    if (options.logLevel)
-        setLogLevel(*options.logLevel);
+    startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);
     std::vector<AnswerRule> answers;
     if (!options.answersFile.empty())
