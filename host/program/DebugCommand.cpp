@@ -39,8 +39,10 @@ int debug(const DebugOptions& options, const Streams& streams) {
     startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);
     auto loaded = load(inputs, options.document);
-    if (const auto* unloadable = std::get_if<Outcome>(&loaded))
+    if (const auto* unloadable = std::get_if<Outcome>(&loaded)) {
+        finishLog();
         return report(*unloadable, options.document, false, streams);
+    }
 
     // Each run has a Sequencer of its own; the document is compiled once for all.
     auto& sequencer = std::get<std::shared_ptr<Sequencer>>(loaded);

@@ -67,8 +67,10 @@ int run(const RunOptions& options, const Streams& streams) {
     if (!options.controlFile.empty())
         lines.emplace(inputs, options.controlFile);
     const auto loaded = load(inputs, options.document);
-    if (const auto* unloadable = std::get_if<Outcome>(&loaded))
+    if (const auto* unloadable = std::get_if<Outcome>(&loaded)) {
+        finishLog();
         return report(*unloadable, options.document, options.json, streams);
+    }
 
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
     setUp.apply(sequencer);
