@@ -100,15 +100,12 @@ void addLog(CLI::App& command, LogOptions& log) {
     addLevel(command, "--log", log.level, "Write the trace and the sequence's log up to this level to standard error");
     addLevel(command, "--log-sequence", log.sequenceLevel, "The same for the sequence's log alone");
     addLevel(command, "--log-trace", log.traceLevel, "The same for the trace alone");
-    CLI::Option& file = *command.add_option("--log-file", log.file, "Add all that to this file instead")->type_name("FILE");
-    CLI::Option& limit = *command.add_option("--log-limit", log.limit, "Begin the file anew ahead of this size")
-                              ->type_name("BYTES")
-                              ->needs(&file);
-    command.add_option("--log-keep", log.kept, "How many earlier files to keep, as FILE.1 and so on")
+    addFile(command, "--log-file", log.file, "Add all that to this file instead");
+    command.add_option("--log-limit", log.limit, "Begin the file anew ahead of this size; needs --log-file")
+        ->type_name("BYTES");
+    command.add_option("--log-keep", log.kept, "Keep so many earlier files, 3 if not told; needs --log-limit")
         ->type_name("COUNT")
-        ->capture_default_str()
-        ->check(CLI::Range(0U, 1000U).description(""))
-        ->needs(&limit);
+        ->check(CLI::Range(0U, 1000U).description(""));
 }
 
 void addSetUp(CLI::App& command, SetUpOptions& options) {

@@ -12,12 +12,12 @@ namespace velkotx::host {
 
 // What is logged and where to.
 struct LogOptions {
-    std::optional<int> level;          // of both that follow
-    std::optional<int> sequenceLevel;  // of what the sequence itself logs
-    std::optional<int> traceLevel;     // of what the sequencer says of its work
-    std::string file;                  // empty for standard error
-    std::uint64_t limit = 0;           // bytes of the file; 0 for no limit
-    unsigned kept = 3;                 // files that have reached the limit
+    std::optional<int> level;            // of both that follow
+    std::optional<int> sequenceLevel;    // of what the sequence itself logs
+    std::optional<int> traceLevel;       // of what the sequencer says of its work
+    std::string file;                    // empty for standard error
+    std::optional<std::uint64_t> limit;  // bytes of the file
+    std::optional<unsigned> kept;        // how many files that have reached the limit
 };
 
 // What a procedure is run with. Empty file names stand for options that weren't given, "-" for standard input.

@@ -12,7 +12,7 @@ namespace Hvt {
 
 // A file that lines are added to. With `limit` bytes above 0 it is moved to "PATH.1" before it would grow beyond them, what
 // was "PATH.1" to "PATH.2" and so on; `kept` of these are kept, and none means that the file is emptied instead. A line
-// longer than the limit has a file to itself.
+// longer than the limit has a file to itself. A file with a limit belongs to one process.
 struct LogFile {
     std::string path;
     std::uint64_t limit = 0;
@@ -27,7 +27,8 @@ struct LogFile {
 // the next one is tried. A file that can't be moved goes on growing, and the move is tried again later.
 //
 // Lines of level 0 and what stands before them are on the disk (fdatasync) before the thread waits for more. At the exit of
-// the process the queue is written out, for as long as this gets on. A process that is killed loses what is queued.
+// the process the queue is written out, for as long as this gets on. A process that is killed loses what is queued. A process that
+// was forked, and hasn't begun another program, must not log: it doesn't have the thread.
 //
 // Any thread. With a sink of CLog set, nothing comes here.
 class OTX_API LogOutput {

@@ -146,7 +146,7 @@ TEST_F(Queues, AFullQueueLosesItsOldestLinesAndSaysSo) {
         std::size_t number = 0;
         if (line.front() == '(') {
             std::from_chars(line.data() + 1, line.data() + line.size(), number);
-            EXPECT_EQ(line, "(" + std::to_string(number) + " lines of the log are lost)");
+            EXPECT_EQ(line.substr(line.find(' ')), " lines of the log are lost)");
             told += number;
             next += number;
             continue;
