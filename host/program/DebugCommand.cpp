@@ -40,7 +40,7 @@ int debug(const DebugOptions& options, const Streams& streams) {
     const SetUp setUp(inputs, options, streams.err);
     auto loaded = load(inputs, options.document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded)) {
-        finishLog();
+        letLogAhead();
         return report(*unloadable, options.document, false, streams);
     }
 

@@ -40,7 +40,7 @@ void setBreakpoints(Sequencer& sequencer, const std::vector<std::string>& ids) {
 Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp) {
     const InterruptWatcher watcher(sequencer);
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
-    finishLog();
+    letLogAhead();
     return outcome;
 }
 
@@ -49,7 +49,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     host.start();
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
     host.finish();
-    finishLog();
+    letLogAhead();
     return outcome;
 }
 
@@ -68,7 +68,7 @@ int run(const RunOptions& options, const Streams& streams) {
         lines.emplace(inputs, options.controlFile);
     const auto loaded = load(inputs, options.document);
     if (const auto* unloadable = std::get_if<Outcome>(&loaded)) {
-        finishLog();
+        letLogAhead();
         return report(*unloadable, options.document, options.json, streams);
     }
 

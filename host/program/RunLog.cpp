@@ -57,7 +57,7 @@ void startLog(const LogOptions& options) {
     setLevel(trace, options.traceLevel, options.level);
 }
 
-void finishLog() {
+void letLogAhead() {
     Hvt::LogOutput::Flush(patience);
 }
 

@@ -27,7 +27,7 @@ struct LogFile {
 // the next one is tried. A file that can't be moved goes on growing, and the move is tried again later.
 //
 // Lines of level 0 and what stands before them are on the disk (fdatasync) before the thread waits for more. At the exit of
-// the process the queue is written out, for as long as this gets on. A process that is killed loses what is queued. A process that
+// the process the queue is written out, for as long as this gets on. A process that is killed loses what is queued. One that
 // was forked, and hasn't begun another program, must not log: it doesn't have the thread.
 //
 // Any thread. With a sink of CLog set, nothing comes here.
