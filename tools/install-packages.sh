@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build make git python3
-    libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev
+    libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev
     libedit-dev
     libicu-dev libpcre2-dev
     libsqlite3-dev

@@ -5,6 +5,7 @@
 #include "program/InterruptThread.h"
 #include "program/Load.h"
 #include "program/Report.h"
+#include "program/RunLog.h"
 #include "program/SetUp.h"
 #include "program/debug/Debugger.h"
 #include "program/debug/LineReader.h"
@@ -35,10 +36,13 @@ int converse(Debugger& debugger, LineReader& reader, const Streams& streams) {
 int debug(const DebugOptions& options, const Streams& streams) {
     Inputs inputs(streams.in);
     inputs.takeStandardInput();  // the commands
+    startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);
     auto loaded = load(inputs, options.document);
-    if (const auto* unloadable = std::get_if<Outcome>(&loaded))
+    if (const auto* unloadable = std::get_if<Outcome>(&loaded)) {
+        letLogAhead();
         return report(*unloadable, options.document, false, streams);
+    }
 
     // Each run has a Sequencer of its own; the document is compiled once for all.
     auto& sequencer = std::get<std::shared_ptr<Sequencer>>(loaded);

@@ -92,6 +92,22 @@ CLI::Option& addRepeatable(CLI::App& command, const std::string& name, std::vect
     return *command.add_option(name, values, help)->allow_extra_args(false);
 }
 
+void addLevel(CLI::App& command, const std::string& name, std::optional<int>& level, const std::string& help) {
+    command.add_option(name, level, help)->type_name("LEVEL (0 to 7)")->check(CLI::Range(0, 7).description(""));
+}
+
+void addLog(CLI::App& command, LogOptions& log) {
+    addLevel(command, "--log", log.level, "Write the trace and the sequence's log up to this level to standard error");
+    addLevel(command, "--log-sequence", log.sequenceLevel, "The same for the sequence's log alone");
+    addLevel(command, "--log-trace", log.traceLevel, "The same for the trace alone");
+    addFile(command, "--log-file", log.file, "Add all that to this file instead");
+    command.add_option("--log-limit", log.limit, "Begin the file anew ahead of this size; needs --log-file")
+        ->type_name("BYTES");
+    command.add_option("--log-keep", log.kept, "Keep so many earlier files, 3 if not told; needs --log-limit")
+        ->type_name("COUNT")
+        ->check(CLI::Range(0U, 1000U).description(""));
+}
+
 void addSetUp(CLI::App& command, SetUpOptions& options) {
     command.add_option("PROCEDURE", options.procedure, "The procedure to run")->type_name("")->capture_default_str();
     addRepeatable(command, "--arg", options.arguments,
@@ -107,16 +123,13 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     addFile(command, "--persist", options.persistenceFile, "Keep the values that the sequence saves in this file");
     command.add_option("--providers", options.providersFolder, "Find plug-ins of service providers in this folder")
         ->type_name("DIR");
+    addLog(command, options.log);
 }
 
 void addRun(CLI::App& program, RunOptions& options) {
     CLI::App& run = *program.add_subcommand("run", "Run a procedure of a document and print its out parameters");
     addDocument(run, options.document);
     addSetUp(run, options);
-    run.add_option("--log", options.logLevel,
-                   "Write the trace and the sequence's log up to this level to standard error")
-        ->type_name("LEVEL (0 to 7)")
-        ->check(CLI::Range(0, 7).description(""));
     run.add_flag("--json", options.json, "Print the outcome as one JSON object");
     addRepeatable(run, "--break", options.breakpoints, "Stop at the node of this id; needs --control or --answers")
         .type_name("ID");

@@ -1,6 +1,7 @@
 // The command line of velkotx: what the user asked for.
 #pragma once
 
+#include <cstdint>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -8,6 +9,16 @@
 #include <vector>
 
 namespace velkotx::host {
+
+// What is logged and where to.
+struct LogOptions {
+    std::optional<int> level;            // of both that follow
+    std::optional<int> sequenceLevel;    // of what the sequence itself logs
+    std::optional<int> traceLevel;       // of what the sequencer says of its work
+    std::string file;                    // empty for standard error
+    std::optional<std::uint64_t> limit;  // bytes of the file
+    std::optional<unsigned> kept;        // how many files that have reached the limit
+};
 
 // What a procedure is run with. Empty file names stand for options that weren't given, "-" for standard input.
 struct SetUpOptions {
@@ -22,11 +33,11 @@ struct SetUpOptions {
     bool tracePdu = false;
     std::string persistenceFile;
     std::string providersFolder;
+    LogOptions log;
 };
 
 // velkotx run FILE [PROCEDURE].
 struct RunOptions : SetUpOptions {
-    std::optional<int> logLevel;
     bool json = false;
     std::vector<std::string> breakpoints;  // ids of nodes
     bool startStopped = false;

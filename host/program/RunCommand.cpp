@@ -7,13 +7,13 @@
 #include "program/InterruptWatcher.h"
 #include "program/Load.h"
 #include "program/Report.h"
+#include "program/RunLog.h"
 #include "program/RunOperator.h"
 #include "program/SetUp.h"
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
 #include "program/script/ScriptedHost.h"
 
-#include <otx/log/CLog.h>
 #include <velkotx/Sequencer.h>
 
 #include <memory>
@@ -22,15 +22,6 @@
 namespace velkotx::host {
 
 namespace {
-
-// The numbers of the log library's subsystems.
-constexpr Hvt::TLogSubSys sequenceLog = 2;
-constexpr Hvt::TLogSubSys trace = 3;
-
-void setLogLevel(int level) {
-    Hvt::CLog::SetReportingLevel(sequenceLog, level);
-    Hvt::CLog::SetReportingLevel(trace, level);
-}
 
 bool isScripted(const RunOptions& options) {
     return !options.controlFile.empty() || !options.answersFile.empty();
@@ -68,6 +59,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
     host.finish();
     theOperator.finish();
+    letLogAhead();
     // A run that is cancelled in its last statement comes to its end all the same.
     if (theOperator.hasFailed() && outcome.kind == Outcome::Kind::finished)
         return {Outcome::Kind::cancelled, COtxValue(), "cancelled", {}};
@@ -79,8 +71,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
 int run(const RunOptions& options, const Streams& streams) {
     requireScriptForStops(options);
     Inputs inputs(streams.in);
-    if (options.logLevel)
-        setLogLevel(*options.logLevel);
+    startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);
     std::vector<AnswerRule> answers;
     if (!options.answersFile.empty())
@@ -89,8 +80,10 @@ int run(const RunOptions& options, const Streams& streams) {
     if (!options.controlFile.empty())
         lines.emplace(inputs, options.controlFile);
     const auto loaded = load(inputs, options.document);
-    if (const auto* unloadable = std::get_if<Outcome>(&loaded))
+    if (const auto* unloadable = std::get_if<Outcome>(&loaded)) {
+        letLogAhead();
         return report(*unloadable, options.document, options.json, streams);
+    }
 
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
     setUp.apply(sequencer);

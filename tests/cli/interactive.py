@@ -492,6 +492,45 @@ class Trace(unittest.TestCase):
         self.assertGreater(len(self.trace(4)), len(self.trace(3)))
 
 
+class Log(unittest.TestCase):
+    def run_with(self, *words, **how):
+        return subprocess.run(command(*words), text=True, timeout=LIMIT_IN_SECONDS, **how)
+
+    def test_stands_ahead_of_the_stop_and_the_end(self):
+        done = self.run_with(
+            "debug", example("operator-text.otx"), "--log-sequence", "3",
+            input="break n7\nrun\ncontinue\nquit\n", stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+        )
+        lines = done.stdout.splitlines()
+        self.assertEqual([line.split(" ")[0] for line in lines[:6]], ["breakpoint", "Good", "The", "flow", "All", "the"])
+
+    def test_full_disk_costs_the_log_and_not_the_run(self):
+        done = self.run_with(
+            "run", example("operator-text.otx"), "--log", "7", "--log-file", "/dev/full", "--json", capture_output=True
+        )
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(json.loads(done.stdout)["outcome"], "finished")
+
+    def test_reader_that_has_gone_costs_the_log_and_not_the_run(self):
+        reader, writer = os.pipe()
+        os.close(reader)
+        done = self.run_with("run", example("operator-text.otx"), "--log", "7", "--json", stdout=subprocess.PIPE, stderr=writer)
+        os.close(writer)
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(json.loads(done.stdout)["outcome"], "finished")
+
+    def test_reader_that_takes_nothing_does_not_hold_the_run_up(self):
+        # The pipe is full before the trace is; nobody reads it until the program has ended.
+        reader, writer = os.pipe()
+        size = fcntl.fcntl(writer, fcntl.F_SETPIPE_SZ, 4096)
+        done = self.run_with("run", example("04-sort.otx"), "--log", "7", "--json", stdout=subprocess.PIPE, stderr=writer)
+        os.close(writer)
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(json.loads(done.stdout)["outcome"], "finished")
+        with os.fdopen(reader, "rb") as pipe:
+            self.assertGreater(len(pipe.read()), size // 2)
+
+
 def main():
     global OPTIONS
     parser = argparse.ArgumentParser(description="Tests velkotx with signals and terminals.")

@@ -73,7 +73,7 @@ void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, Answerer& answ
 
 std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode) {
     Transcript transcript;
-    const TraceRecorder trace(script.trace, transcript);
+    const TraceRecorder trace(script.trace, script.sequenceLog, transcript);
 
     CallRecorder recorder(transcript, script.failures);
     RecordingVehicle recording(recorder);

@@ -100,6 +100,10 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.trace.push_back(filter);
     } else if (directive == "event") {
         script_.steps.push_back({Step::Kind::event, "", rest});
+    } else if (directive == "sequence-log") {
+        const auto number = numberIn(rest);
+        if (!number) throw std::runtime_error("no level: " + line);
+        script_.sequenceLog = *number;
     } else if (directive == "stops") {
         script_.stopKeys = rest.empty() ? std::vector<std::string>{"node"} : words(rest);
     } else if (directive == "zone") {

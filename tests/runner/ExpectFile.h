@@ -30,6 +30,7 @@ struct TraceFilter {
 struct Script {
     std::vector<Step> steps;
     std::vector<TraceFilter> trace;
+    int sequenceLog = -1;               // the level up to which the sequence's own lines are recorded
     std::vector<std::string> stopKeys;  // of a stop's status; empty when stops aren't recorded
     std::string zone = "UTC0";  // the time zone, in the form of the variable TZ
     bool withHost = true;

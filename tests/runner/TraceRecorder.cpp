@@ -1,4 +1,4 @@
-// Records the trace of the sequencer while it lives.
+// Records the trace of the sequencer, and what the sequence itself logs, while it lives.
 #include "TraceRecorder.h"
 
 #include <otx/log/CLog.h>
@@ -12,6 +12,7 @@ namespace documents {
 
 namespace {
 
+constexpr Hvt::TLogSubSys sequenceSubsystem = 2;
 constexpr Hvt::TLogSubSys traceSubsystem = 3;
 
 thread_local bool ignored = false;
@@ -29,10 +30,11 @@ std::string essence(const std::string& line) {
 
 }  // namespace
 
-TraceRecorder::TraceRecorder(const std::vector<TraceFilter>& filters, Transcript& transcript) {
+TraceRecorder::TraceRecorder(const std::vector<TraceFilter>& filters, int sequenceLevel, Transcript& transcript) {
     int highest = -1;
     for (const TraceFilter& filter : filters) highest = std::max(highest, filter.level);
     Hvt::CLog::SetSink([filters, &transcript](Hvt::TLogSubSys subsystem, Hvt::TLogLevel level, const std::string& line) {
+        if (subsystem == sequenceSubsystem) transcript.add("written " + std::to_string(level) + ' ' + inOneLine(line));
         if (ignored || subsystem != traceSubsystem) return;
         const std::string text = inOneLine(essence(line));
         const bool wanted = std::any_of(filters.begin(), filters.end(), [&](const TraceFilter& filter) {
@@ -41,10 +43,12 @@ TraceRecorder::TraceRecorder(const std::vector<TraceFilter>& filters, Transcript
         if (wanted) transcript.add("log " + std::to_string(level) + ' ' + text);
     });
     Hvt::CLog::SetReportingLevel(traceSubsystem, highest);
+    Hvt::CLog::SetReportingLevel(sequenceSubsystem, sequenceLevel);
 }
 
 TraceRecorder::~TraceRecorder() {
     Hvt::CLog::SetReportingLevel(traceSubsystem, -1);
+    Hvt::CLog::SetReportingLevel(sequenceSubsystem, -1);
     Hvt::CLog::SetSink([](Hvt::TLogSubSys, Hvt::TLogLevel, const std::string&) {});
 }
 

@@ -1,4 +1,4 @@
-// Records the trace of the sequencer while it lives.
+// Records the trace of the sequencer, and what the sequence itself logs, while it lives.
 #pragma once
 
 #include "ExpectFile.h"
@@ -12,7 +12,8 @@ namespace documents {
 // has the trace of a run without.
 class TraceRecorder {
 public:
-    TraceRecorder(const std::vector<TraceFilter>& filters, Transcript& transcript);
+    // The sequence's own lines are recorded up to `sequenceLevel`, none for a negative one.
+    TraceRecorder(const std::vector<TraceFilter>& filters, int sequenceLevel, Transcript& transcript);
     TraceRecorder(const TraceRecorder&) = delete;
     TraceRecorder& operator=(const TraceRecorder&) = delete;
     ~TraceRecorder();

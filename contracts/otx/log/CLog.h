@@ -20,8 +20,8 @@ using TLogSubSys = unsigned int;
 //
 // A line is guarded and then built in a stream of its own:
 //     if (Hvt::CLog::ReportingLevel(3) >= 4) Hvt::CLog(3).Get(4, 3) << "...";
-// The destructor delivers the line whole, to the sink or, without one, to standard error. No operation throws, whatever
-// the sink does. Any thread.
+// The destructor delivers the line whole, to the sink or, without one, to the LogOutput. No operation throws, whatever the
+// sink does. Any thread.
 class OTX_API CLog {
 public:
     static constexpr std::size_t subsystems = 16;
@@ -31,8 +31,9 @@ public:
     }
     static void SetReportingLevel(TLogSubSys subsystem, TLogLevel level) noexcept;
 
-    // Where lines go, without their line end. Called by one thread at a time, with the thread's cancellation put off; must
-    // neither log itself, nor call a Sequencer, nor end the thread. An empty function brings standard error back.
+    // Where lines go instead of the LogOutput, without their line end. Called on the thread that logs, by one at a time,
+    // so it holds all of them up while it works; the thread's cancellation is put off. Must neither log itself, nor call a
+    // Sequencer, nor end the thread. An empty function brings the LogOutput back.
     static void SetSink(std::function<void(TLogSubSys, TLogLevel, const std::string& line)> sink);
 
     explicit CLog(TLogSubSys subsystem);

@@ -2,6 +2,7 @@
 #include "program/debug/Debugger.h"
 
 #include "program/Report.h"
+#include "program/RunLog.h"
 #include "program/debug/CommandText.h"
 #include "text/OneLine.h"
 #include "text/Refusal.h"
@@ -112,6 +113,7 @@ bool Debugger::reportEnd() {
     const Outcome outcome = run_->board().outcome();
     run_.reset();
     current_.reset();
+    letLogAhead();
     say(std::string("the run has ended: ") + nameOf(outcome.kind));
     exitStatus_ = report(outcome, debuggee_.name, false, streams_);
     return true;
@@ -119,6 +121,8 @@ bool Debugger::reportEnd() {
 
 void Debugger::reportStops() {
     const std::vector<RunBoard::Stop> stops = run_->board().takeStops();
+    if (!stops.empty())
+        letLogAhead();
     for (const RunBoard::Stop& stop : stops) {
         const FlowStatus status = statusOf(std::to_string(stop.flow));
         say("flow " + std::to_string(stop.flow) + " stopped " + placeText(stop.node, status.frames));

@@ -1,15 +1,12 @@
 // The trace: levels, and the way of a line to its sink.
 #include <otx/log/CLog.h>
 
-#include <spdlog/logger.h>
-#include <spdlog/pattern_formatter.h>
-#include <spdlog/sinks/stdout_sinks.h>
+#include "Output.h"
 
 #include <cxxabi.h>
 #include <pthread.h>
 
 #include <locale>
-#include <memory>
 #include <mutex>
 #include <utility>
 
@@ -32,25 +29,20 @@ public:
         sink_.swap(sink);
     }
 
-    void deliver(TLogSubSys subsystem, TLogLevel level, const std::string& line) {
-        const std::lock_guard guard(sinkLock_);
-        if (sink_)
-            sink_(subsystem, level, line);
-        else
-            standardError_.log(spdlog::level::info, line);
+    void deliver(TLogSubSys subsystem, TLogLevel level, std::string line) {
+        if (!sink(subsystem, level, line)) writeToOutput(std::move(line), level <= 0);
     }
 
 private:
-    Delivery() : standardError_("otx", std::make_shared<spdlog::sinks::stderr_sink_st>()) {
-        standardError_.set_formatter(std::make_unique<spdlog::pattern_formatter>("%v"));
-        // A line that can't be written is lost; the sequence goes on.
-        standardError_.set_error_handler([](const std::string&) {});
+    bool sink(TLogSubSys subsystem, TLogLevel level, const std::string& line) {
+        const std::lock_guard guard(sinkLock_);
+        if (sink_) sink_(subsystem, level, line);
+        return static_cast<bool>(sink_);
     }
 
-    // Guards sink_ and standardError_, and keeps lines whole.
+    // Guards sink_, and is held while it runs.
     std::mutex sinkLock_;
     Sink sink_;
-    spdlog::logger standardError_;
 };
 
 // Puts the cancellation of the thread off: it must not begin in a destructor, which can't let it pass.

@@ -1,5 +1,6 @@
 // The trace: levels, sinks, and that it never fails anybody.
 #include <otx/log/CLog.h>
+#include <otx/log/LogOutput.h>
 
 #include <gtest/gtest.h>
 #include <pthread.h>
@@ -112,6 +113,7 @@ TEST_F(Log, GoesToStandardErrorWithoutASink) {
     testing::internal::CaptureStderr();
     testing::internal::CaptureStdout();
     CLog(3).Get(4, 3) << "a line with {} and %v";
+    EXPECT_TRUE(Hvt::LogOutput::Flush(std::chrono::minutes(1)));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "a line with {} and %v\n");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
