@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build make git python3
-    libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev libedit-dev libsqlite3-dev
+    libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev libspdlog-dev libedit-dev libsqlite3-dev zlib1g-dev
     libgtest-dev libudunits2-dev
 )
 # For `make bench` and `make fuzz` only.

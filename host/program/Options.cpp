@@ -105,6 +105,7 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     addFile(command, "--vehicle", options.vehicleFile, "Talk to the simulated vehicle that this file describes");
     command.add_flag("--trace-pdu", options.tracePdu, "Write each PDU to standard error; needs --vehicle");
     addFile(command, "--persist", options.persistenceFile, "Keep the values that the sequence saves in this file");
+    command.add_option("--store", options.storeFolder, "Let the sequence read the files of this folder")->type_name("DIR");
 }
 
 void addRun(CLI::App& program, RunOptions& options) {

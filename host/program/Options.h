@@ -21,6 +21,7 @@ struct SetUpOptions {
     std::string vehicleFile;
     bool tracePdu = false;
     std::string persistenceFile;
+    std::string storeFolder;
 };
 
 // velkotx run FILE [PROCEDURE].

@@ -9,6 +9,7 @@
 #include "TraceRecorder.h"
 #include "Transcript.h"
 #include "VehicleFile.h"
+#include "recording/RecordingFileStore.h"
 #include "recording/RecordingVehicle.h"
 
 #include <objects/InstallVehicle.h>
@@ -77,6 +78,8 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     if (script.withHost) sequencer->SetHost(host);
     if (script.recordsCalls) recording.giveTo(*sequencer);
     if (!script.vehicleFile.empty()) velkotx::host::installVehicle(*sequencer, vehicleIn(script.vehicleFile), nullptr);
+    if (!script.filesFolder.empty())
+        sequencer->SetFileStore(std::make_shared<RecordingFileStore>(recording.recorder(), script.filesFolder));
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
     const auto work = [&] { runSteps(*sequencer, *host, script, stepped, transcript); };
     // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.

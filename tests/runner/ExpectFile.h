@@ -33,6 +33,7 @@ struct Script {
     bool withHost = true;
     bool recordsCalls = false;          // the recording host objects are installed
     std::filesystem::path vehicleFile;  // of the simulated vehicle that is installed; empty for none
+    std::filesystem::path filesFolder;  // of the recording file store that is installed; empty for none
     HostFailures failures;
     std::map<Mode, std::string> skipped;  // the reason by mode
 };

@@ -15,6 +15,9 @@ public:
 
     void giveTo(velkotx::Sequencer& sequencer);
 
+    // For further host objects, whose calls are counted together with these.
+    CallRecorder& recorder() { return recorder_; }
+
 private:
     CallRecorder recorder_;
     Services services_;
