@@ -1,6 +1,8 @@
 // What the streams of stored files have in common: a content that is read on, and a place in it.
 #include "store/ContentBuffer.h"
 
+#include <algorithm>
+
 namespace velkotx::host {
 
 ContentBuffer::int_type ContentBuffer::underflow() {
@@ -8,6 +10,21 @@ ContentBuffer::int_type ContentBuffer::underflow() {
     readUpTo_ += static_cast<std::int64_t>(count);
     setg(bytes_.data(), bytes_.data(), bytes_.data() + count);
     return count == 0 ? traits_type::eof() : traits_type::to_int_type(bytes_.front());
+}
+
+// What is not in the buffer is read past it.
+std::streamsize ContentBuffer::xsgetn(char* target, std::streamsize wanted) {
+    std::streamsize got = std::min<std::streamsize>(wanted, egptr() - gptr());
+    std::copy(gptr(), gptr() + got, target);
+    setg(eback(), gptr() + got, egptr());
+    while (got < wanted) {
+        const std::size_t count = readOn(target + got, static_cast<std::size_t>(wanted - got));
+        if (count == 0)
+            break;
+        restartAt(readUpTo_ + static_cast<std::int64_t>(count));
+        got += static_cast<std::streamsize>(count);
+    }
+    return got;
 }
 
 bool ContentBuffer::dropUpTo(std::int64_t place) {

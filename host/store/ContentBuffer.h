@@ -26,6 +26,7 @@ protected:
 
 private:
     int_type underflow() override;
+    std::streamsize xsgetn(char* target, std::streamsize wanted) override;
     pos_type seekoff(off_type offset, std::ios_base::seekdir direction, std::ios_base::openmode which) override;
     pos_type seekpos(pos_type place, std::ios_base::openmode which) override;
 

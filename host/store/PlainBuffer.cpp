@@ -3,6 +3,8 @@
 
 #include "store/BeneathFolder.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <system_error>
 
@@ -19,6 +21,12 @@ std::size_t readAt(const OpenFile& file, std::int64_t place, char* target, std::
 }
 
 std::size_t PlainBuffer::readOn(char* target, std::size_t room) { return readAt(*file_, readUpTo(), target, room); }
+
+// A file is there at once, up to its present end.
+std::streamsize PlainBuffer::showmanyc() {
+    struct stat status {};
+    return fstat(file_->file.number(), &status) == 0 ? status.st_size - readUpTo() : 0;
+}
 
 bool PlainBuffer::moveTo(std::int64_t place) {
     restartAt(place);

@@ -25,6 +25,7 @@ public:
 private:
     std::size_t readOn(char* target, std::size_t room) override;
     bool moveTo(std::int64_t place) override;
+    std::streamsize showmanyc() override;
 
     const std::shared_ptr<const OpenFile> file_;
 };

@@ -19,8 +19,8 @@ using Encoding = COtxStringEncoding::Encoding;
 using Kind = OTX::Exceptions_e;
 
 bool isAscii(const std::string& text) {
-    unsigned bits = 0;
-    for (const char byte : text) bits |= static_cast<unsigned char>(byte);
+    unsigned char bits = 0;
+    for (const char byte : text) bits = static_cast<unsigned char>(bits | static_cast<unsigned char>(byte));
     return bits < 0x80;
 }
 

@@ -16,7 +16,7 @@ namespace {
 
 using Kind = OTX::Exceptions_e;
 
-constexpr std::size_t bufferSize = 65536;
+constexpr std::size_t bufferSize = 32768;
 constexpr auto endOfStream = std::streambuf::traits_type::eof();
 
 }  // namespace
@@ -55,17 +55,20 @@ std::size_t FileReader::fill(std::size_t wanted) {
         next_ = 0;
     }
     return guarded([&] {
-        while (end_ < wanted && from.sgetc() != endOfStream) {
+        while (end_ < wanted) {
+            // What is there at once, else what the next byte brings with it.
+            if (from.in_avail() <= 0 && from.sgetc() == endOfStream) break;
             const auto room = static_cast<std::streamsize>(buffer_.size() - end_);
             const std::streamsize ready = std::clamp<std::streamsize>(from.in_avail(), 1, room);
-            end_ += static_cast<std::size_t>(from.sgetn(buffer_.data() + end_, ready));
+            const std::streamsize got = from.sgetn(buffer_.data() + end_, ready);
+            if (got <= 0) break;
+            end_ += static_cast<std::size_t>(got);
         }
         return std::min(end_, wanted);
     });
 }
 
-FileReader::Mark FileReader::mark() {
-    if (isMarkKnown_) return mark_;
+FileReader::Mark FileReader::findMark() {
     const std::string_view first(buffer_.data() + next_, have(3));
     isMarkKnown_ = true;
     if (!isAtBeginning()) return mark_;

@@ -25,7 +25,7 @@ public:
     // The name is for the words of failures. The stream stands at its beginning.
     FileReader(std::shared_ptr<std::istream> stream, std::string name);
 
-    Mark mark();
+    Mark mark() { return isMarkKnown_ ? mark_ : findMark(); }
     bool isAtBeginning() const noexcept { return base_ == 0 && next_ == 0; }
     bool isAtEnd() { return have(1) == 0; }
 
@@ -45,6 +45,7 @@ private:
     // How many of the wanted bytes, few, are in the buffer after it was filled as far as needed.
     std::size_t have(std::size_t wanted) { return end_ - next_ >= wanted ? wanted : fill(wanted); }
     std::size_t fill(std::size_t wanted);
+    Mark findMark();
     std::streambuf& source();
     [[noreturn]] void failTooLarge() const;
 
