@@ -10,6 +10,7 @@
 #include <otx/value/IFileHandle.h>
 #include <otx/value/IString.h>
 #include <schema/File.h>
+#include <schema/StringUtil.h>
 
 #include <exception>
 #include <istream>
