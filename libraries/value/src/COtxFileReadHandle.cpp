@@ -1,8 +1,10 @@
 // The handle of a file that is open for reading.
 #include <otx/value/COtxFileReadHandle.h>
 
+#include <cstring>
 #include <mutex>
 #include <optional>
+#include <string_view>
 
 #include "ByteFieldValues.h"
 #include "FileReader.h"
@@ -18,10 +20,21 @@ namespace {
 using Encoding = COtxStringEncoding::Encoding;
 using Kind = OTX::Exceptions_e;
 
-bool isAscii(const std::string& text) {
-    unsigned char bits = 0;
-    for (const char byte : text) bits = static_cast<unsigned char>(bits | static_cast<unsigned char>(byte));
-    return bits < 0x80;
+// By words of eight bytes, the last of which may overlap the one before.
+bool isAscii(std::string_view text) {
+    std::uint64_t bits = 0;
+    const auto take = [&bits](const char* from) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, from, sizeof word);
+        bits |= word;
+    };
+    if (text.size() < sizeof bits) {
+        for (const char byte : text) bits |= static_cast<unsigned char>(byte);
+    } else {
+        for (std::size_t place = 0; place + sizeof bits <= text.size(); place += sizeof bits) take(text.data() + place);
+        take(text.data() + text.size() - sizeof bits);
+    }
+    return (bits & 0x8080808080808080) == 0;
 }
 
 class FileReadHandleBehaviour final : public COtxValueBehaviour, public OTX::IFileHandle, public OTX::IFileReadHandle {
@@ -76,7 +89,7 @@ private:
         return encoding_ == Encoding::Utf16 || encoding_ == Encoding::Utf16BE || encoding_ == Encoding::Utf16LE;
     }
 
-    std::string decoded(const std::string& line, Encoding encoding) const {
+    std::string decoded(std::string_view line, Encoding encoding) const {
         try {
             return decodeText({line.begin(), line.end()}, encoding);
         } catch (const COtxValue& refused) {
@@ -86,10 +99,10 @@ private:
 
     std::string narrowLine(FileReader& reader) const {
         if (encoding_ == Encoding::Utf8 && reader.mark() == FileReader::Mark::Utf8 && reader.isAtBeginning()) reader.skip(3);
-        std::string line = reader.takeLine();
-        if (!line.empty() && line.back() == '\r') line.pop_back();
+        std::string_view line = reader.takeLine();
+        if (line.ends_with('\r')) line.remove_suffix(1);
         // The most of what there is to read needs no decoding.
-        if ((encoding_ == Encoding::Utf8 || encoding_ == Encoding::UsAscii) && isAscii(line)) return line;
+        if ((encoding_ == Encoding::Utf8 || encoding_ == Encoding::UsAscii) && isAscii(line)) return std::string(line);
         return decoded(line, encoding_);
     }
 

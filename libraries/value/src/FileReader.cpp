@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string_view>
 #include <utility>
 
 #include "Refusal.h"
@@ -116,34 +115,50 @@ std::vector<unsigned char> FileReader::takeBytes(std::int64_t count) {
     return bytes;
 }
 
-std::string FileReader::takeLine() {
-    std::string line;
+// Gives back what a long line took.
+void FileReader::startLine() {
+    if (line_.capacity() > bufferSize) line_ = std::string();
+    line_.clear();
+}
+
+void FileReader::addToLine(std::size_t bytes) {
+    if (line_.size() + bytes > largestPiece) failTooLarge();
+    line_.append(buffer_.data() + next_, bytes);
+    next_ += bytes;
+}
+
+std::string_view FileReader::takeLine() {
+    startLine();
     while (have(1) > 0) {
         const char* const from = buffer_.data() + next_;
         const auto* const feed = static_cast<const char*>(std::memchr(from, '\n', end_ - next_));
-        const std::size_t piece = feed != nullptr ? static_cast<std::size_t>(feed - from) : end_ - next_;
-        if (line.size() + piece > largestPiece) failTooLarge();
-        line.append(from, piece);
-        next_ += piece;
-        if (feed != nullptr) {
-            ++next_;
-            break;
+        if (feed == nullptr) {
+            addToLine(end_ - next_);
+            continue;
         }
+        const auto bytes = static_cast<std::size_t>(feed - from);
+        if (line_.empty()) {
+            next_ += bytes + 1;
+            return {from, bytes};
+        }
+        addToLine(bytes);
+        ++next_;
+        break;
     }
-    return line;
+    return line_;
 }
 
-std::string FileReader::takeWideLine(bool littleEndian) {
+std::string_view FileReader::takeWideLine(bool littleEndian) {
     const std::string_view feed = littleEndian ? std::string_view("\n\0", 2) : std::string_view("\0\n", 2);
-    std::string line;
+    startLine();
     while (const std::size_t bytes = have(2)) {
-        const std::string_view unit(buffer_.data() + next_, bytes);
-        next_ += bytes;
-        if (unit == feed) break;
-        if (line.size() + bytes > largestPiece) failTooLarge();
-        line += unit;
+        if (std::string_view(buffer_.data() + next_, bytes) == feed) {
+            next_ += bytes;
+            break;
+        }
+        addToLine(bytes);
     }
-    return line;
+    return line_;
 }
 
 }  // namespace otx

@@ -7,6 +7,7 @@
 #include <istream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace otx {
@@ -36,10 +37,10 @@ public:
 
     // Up to so many bytes; all that are left for a negative count.
     std::vector<unsigned char> takeBytes(std::int64_t count);
-    // The bytes up to a line feed, which is skipped, or the end.
-    std::string takeLine();
+    // The bytes up to a line feed, which is skipped, or the end. They stay until the next operation.
+    std::string_view takeLine();
     // The same by units of two bytes. At the end it may have half a unit.
-    std::string takeWideLine(bool littleEndian);
+    std::string_view takeWideLine(bool littleEndian);
 
 private:
     // How many of the wanted bytes, few, are in the buffer after it was filled as far as needed.
@@ -47,6 +48,8 @@ private:
     std::size_t fill(std::size_t wanted);
     Mark findMark();
     std::streambuf& source();
+    void startLine();
+    void addToLine(std::size_t bytes);
     [[noreturn]] void failTooLarge() const;
 
     // Runs a piece of work on the stream, and gives its failures the kind of ours.
@@ -59,6 +62,7 @@ private:
     std::int64_t base_ = 0;  // the index of the buffer's first byte in the file
     std::size_t next_ = 0;
     std::size_t end_ = 0;
+    std::string line_;  // one that no buffer holds whole
     bool isMarkKnown_ = false;
     Mark mark_ = Mark::None;
 };
