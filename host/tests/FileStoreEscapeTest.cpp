@@ -29,7 +29,8 @@ protected:
 };
 
 TEST_F(FileStoreEscape, ByDots) {
-    for (const char* const name : {"../secret.txt", "inner/../../secret.txt", "inner/../a.txt", "./a.txt", "inner/./b.txt", "../files/a.txt"})
+    for (const char* const name : {"../secret.txt", "inner/../../secret.txt", "inner/../a.txt", "./a.txt", "inner/./b.txt",
+                                   "../files/a.txt"})
         expectRefused(name);
     for (const char* const name : {"..", ".", "inner/.."})
         EXPECT_EQ(refusal([&] { content(store, name); }).substr(0, 2), "35") << name;

@@ -5,6 +5,8 @@
 
 #include <sys/resource.h>
 
+#include <initializer_list>
+
 namespace velkotx::host {
 namespace {
 
@@ -23,8 +25,8 @@ protected:
     void expectPlaces(const std::string& name, const std::string& format) {
         const std::string all = longContent();
         const auto stream = decoded(store, name, format);
-        for (const std::size_t place : {std::size_t{0}, all.size() - 10, std::size_t{65'536}, std::size_t{65'530}, std::size_t{200'000},
-                                        std::size_t{199'990}, std::size_t{1}, all.size()}) {
+        const std::size_t size = all.size();
+        for (const std::size_t place : std::initializer_list<std::size_t>{0, size - 10, 65'536, 65'530, 200'000, 199'990, 1, size}) {
             ASSERT_TRUE(stream->seekg(static_cast<std::streamoff>(place)));
             EXPECT_EQ(stream->tellg(), std::streampos(static_cast<std::streamoff>(place)));
             std::string read(20, '\0');
@@ -106,7 +108,8 @@ TEST_F(FileStoreStream, UnpacksABombPieceByPiece) {
     getrusage(RUSAGE_SELF, &before);
     std::size_t size = 0;
     std::string buffer(1 << 20, '\0');
-    while (const auto count = stream->rdbuf()->sgetn(buffer.data(), static_cast<std::streamsize>(buffer.size()))) size += static_cast<std::size_t>(count);
+    const auto room = static_cast<std::streamsize>(buffer.size());
+    while (const auto count = stream->rdbuf()->sgetn(buffer.data(), room)) size += static_cast<std::size_t>(count);
     rusage after{};
     getrusage(RUSAGE_SELF, &after);
     EXPECT_EQ(size, std::size_t{512} << 20);

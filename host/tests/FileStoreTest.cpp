@@ -98,7 +98,8 @@ TEST_F(FileStore, TellsTheMetaDataBesideTheFile) {
 
 TEST_F(FileStore, HasNoMetaDataForMostFiles) {
     write("a.txt", "x");
-    for (const char* const name : {"a.txt", "nowhere.txt", "nowhere/a.txt", "a.txt.meta.json"}) EXPECT_TRUE(metaData(name).Map().empty()) << name;
+    for (const char* const name : {"a.txt", "nowhere.txt", "nowhere/a.txt", "a.txt.meta.json"})
+        EXPECT_TRUE(metaData(name).Map().empty()) << name;
     EXPECT_TRUE(store.MetaData(file("a.txt"), "other").Map().empty());
 }
 
@@ -151,7 +152,8 @@ TEST_F(FileStore, ServesManyThreads) {
     for (int& count : right) {
         threads.emplace_back([this, &count] {
             for (int round = 0; round < 200; ++round) {
-                if (content(store, "a.txt") == "plain" && content(store, "b.txt", "gzip") == "unpacked" && metaData("b.txt").Map().size() == 1)
+                const bool isRight = content(store, "a.txt") == "plain" && content(store, "b.txt", "gzip") == "unpacked";
+                if (isRight && metaData("b.txt").Map().size() == 1)
                     ++count;
             }
         });
