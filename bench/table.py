@@ -21,6 +21,7 @@ INTERLEAVED = ("--benchmark_enable_random_interleaving=true", "--benchmark_repet
 STRING_OPERATIONS = ("concatenate", "subString", "indexOf", "match", "formatDate")
 STRING_SIZES = (20, 2000)
 STRING_ROUNDS = 20_000
+LINE_LENGTHS = (20, 80, 1000)  # bytes, the line feed included
 LOAD_GOALS = {1: 1.2, 10: 1.2, 50: 1.35}
 
 
@@ -159,6 +160,15 @@ def screens(build):
     more = (time["bound"]["real_time"] - time["unbound"]["real_time"]) / writes * 1e3
     print(f"{'a write to a bound variable, host held up, us more':56} {more:8.2f} {'<= 2':>6}")
     print(f"{f'{2 * writes:,.0f} changes of two lanes at the host, ms':56} {time['arrive']['real_time']:8.1f}")
+def files(build):
+    runs = suite(build, "bench_files", ".", "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true")
+    print(f"\n{'50 MB by lines':30} {'MB/s':>8} {'of bare':>8} {'goal':>7}")
+    for length in LINE_LENGTHS:
+        rate = {name: runs[f"{name}/{length}_median"]["bytes_per_second"] / 1e6 for name in ("bareLines", "handleLines", "sequenceLines")}
+        for title, name in {"std::getline": "bareLines", "a handle": "handleLines", "a sequence": "sequenceLines"}.items():
+            # The work of a line is the same for any length: where lines are very short, making values is the most of it.
+            goal = ">= 0.5" if name == "handleLines" and length >= 80 else ""
+            print(f"{f'{title}, {length} a line':30} {rate[name]:8.0f} {rate[name] / rate['bareLines']:8.2f} {goal:>7}")
 
 
 def values(build):
@@ -171,7 +181,7 @@ def values(build):
 
 def main():
     build = pathlib.Path(sys.argv[1])
-    parts = (programs, jumps, load, lanes, strings, services, download, service_lanes, persist, screens, values)
+    parts = (programs, jumps, load, lanes, strings, services, download, service_lanes, persist, files, screens, values)
     for part in parts:
         if not sys.argv[2:] or part.__name__ in sys.argv[2:]:
             part(build)

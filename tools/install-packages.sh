@@ -9,6 +9,7 @@ packages=(
     libicu-dev libpcre2-dev
     libsqlite3-dev
     libssl-dev
+    zlib1g-dev
     libgtest-dev libudunits2-dev
 )
 # For `make bench` and `make fuzz` only.

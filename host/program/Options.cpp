@@ -124,6 +124,7 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     command.add_option("--providers", options.providersFolder, "Find plug-ins of service providers in this folder")
         ->type_name("DIR");
     addLog(command, options.log);
+    command.add_option("--store", options.storeFolder, "Let the sequence read the files of this folder")->type_name("DIR");
 }
 
 void addRun(CLI::App& program, RunOptions& options) {

@@ -34,6 +34,7 @@ struct SetUpOptions {
     std::string persistenceFile;
     std::string providersFolder;
     LogOptions log;
+    std::string storeFolder;
 };
 
 // velkotx run FILE [PROCEDURE].

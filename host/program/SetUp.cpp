@@ -16,6 +16,7 @@ SetUp::SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut
       translations_(readObject(inputs, options.translationsFile)),
       vehicle_(inputs, options, traceOut),
       persistence_(options),
+      store_(options),
       messages_(options.messagesFile) {
     useProviderFolder(options.providersFolder);
 }
@@ -29,6 +30,7 @@ void SetUp::apply(Sequencer& sequencer) const {
     sequencer.SetTranslations(OTX::DeepCopy(translations_));
     vehicle_.apply(sequencer);
     persistence_.apply(sequencer);
+    store_.apply(sequencer);
 }
 
 }  // namespace velkotx::host

@@ -3,6 +3,7 @@
 
 #include "program/Messages.h"
 #include "program/RunPersistence.h"
+#include "program/RunStore.h"
 #include "program/RunVehicle.h"
 
 #include <otx/value/COtxValue.h>
@@ -18,9 +19,9 @@ struct SetUpOptions;
 
 class SetUp {
 public:
-    // Reads the files in the order arguments, context, translations, vehicle, opens those of the persisted values and of the
-    // messages, and names the folder of plug-ins to the process. PDUs are traced to the stream, which has to outlive all runs.
-    // Throws UsageError.
+    // Reads the files in the order arguments, context, translations, vehicle, opens that of the persisted values, the folder of
+    // files and the file of the messages, and names the folder of plug-ins to the process. PDUs are traced to the stream, which
+    // has to outlive all runs. Throws UsageError.
     SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut);
 
     // A copy for one run: a sequence may change what it is given.
@@ -28,7 +29,8 @@ public:
     // The sink of the messages; lives as long as this object.
     const std::shared_ptr<HostEventSink>& messages() const { return messages_.sink(); }
 
-    // Gives the Sequencer the context variables, the translations, a vehicle of its own, and the persisted values.
+    // Gives the Sequencer the context variables, the translations, a vehicle of its own, the persisted values and
+    // the files.
     void apply(Sequencer& sequencer) const;
 
 private:
@@ -37,6 +39,7 @@ private:
     const COtxValue translations_;
     const RunVehicle vehicle_;
     const RunPersistence persistence_;
+    const RunStore store_;
     const Messages messages_;
 };
 

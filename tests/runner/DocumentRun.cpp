@@ -12,6 +12,7 @@
 #include "answering/Answerer.h"
 #include "recording/ProviderType.h"
 #include "recording/RecordingStore.h"
+#include "recording/RecordingFileStore.h"
 #include "recording/RecordingVehicle.h"
 
 #include <objects/InstallVehicle.h>
@@ -102,6 +103,8 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     answerer.emplace(*sequencer, script.answers, transcript, [&handle] { handle.reset(); });
     host.answerWith(&*answerer);
     host.keep(script.keepMessages);
+    if (!script.filesFolder.empty())
+        sequencer->SetFileStore(std::make_shared<RecordingFileStore>(recorder, script.filesFolder));
     const bool stepped = mode == Mode::stepped || !script.stopKeys.empty();
     const auto work = [&] { runSteps(*sequencer, host, *answerer, script, stepped, transcript); };
     // Every stop lists the whole call stack, so a recursion without end would take the square of its depth in steps.

@@ -120,6 +120,8 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.recordsCalls = true;
     } else if (directive == "vehicle") {
         script_.vehicleFile = fileNamed(rest, line);
+    } else if (directive == "files") {
+        script_.filesFolder = fileNamed(rest, line);
     } else if (directive == "document") {
         document_ = fileNamed(rest, line);
     } else if (directive == "store") {

@@ -38,6 +38,7 @@ struct Script {
     bool hostGone = false;  // the callback object is installed, and has gone before the first run
     bool recordsCalls = false;          // the recording host objects are installed
     std::filesystem::path vehicleFile;  // of the simulated vehicle that is installed; empty for none
+    std::filesystem::path filesFolder;  // of the recording file store that is installed; empty for none
     HostFailures failures;
     HostFailures refusals;  // of messages, by their number
     std::vector<AnswerRule> answers;

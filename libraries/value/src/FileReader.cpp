@@ -1,0 +1,164 @@
+// Reads a stream by lines and by bytes.
+#include "FileReader.h"
+
+#include <otx/value/COtxValue.h>
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "Refusal.h"
+
+namespace otx {
+
+namespace {
+
+using Kind = OTX::Exceptions_e;
+
+constexpr std::size_t bufferSize = 32768;
+constexpr auto endOfStream = std::streambuf::traits_type::eof();
+
+}  // namespace
+
+void failFile(OTX::Exceptions_e kind, const std::string& name, const std::string& reason) {
+    fail(kind, "File '" + name + "': " + reason);
+}
+
+FileReader::FileReader(std::shared_ptr<std::istream> stream, std::string name)
+    : name_(std::move(name)), stream_(std::move(stream)), buffer_(bufferSize) {}
+
+template <class Work>
+auto FileReader::guarded(Work work) {
+    try {
+        return work();
+    } catch (const COtxValue&) {
+        throw;
+    } catch (const std::exception& failure) {
+        failFile(Kind::FileAccessException, name_, std::string("it can't be read: ") + failure.what());
+    }
+}
+
+std::streambuf& FileReader::source() {
+    std::streambuf* const source = stream_->rdbuf();
+    if (source == nullptr || stream_->fail()) failFile(Kind::FileAccessException, name_, "it can't be read");
+    return *source;
+}
+
+std::size_t FileReader::fill(std::size_t wanted) {
+    std::streambuf& from = source();
+    if (next_ > 0) {
+        std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(next_), buffer_.begin() + static_cast<std::ptrdiff_t>(end_),
+                  buffer_.begin());
+        base_ += static_cast<std::int64_t>(next_);
+        end_ -= next_;
+        next_ = 0;
+    }
+    return guarded([&] {
+        while (end_ < wanted) {
+            // What is there at once, else what the next byte brings with it.
+            if (from.in_avail() <= 0 && from.sgetc() == endOfStream) break;
+            const auto room = static_cast<std::streamsize>(buffer_.size() - end_);
+            const std::streamsize ready = std::clamp<std::streamsize>(from.in_avail(), 1, room);
+            const std::streamsize got = from.sgetn(buffer_.data() + end_, ready);
+            if (got <= 0) break;
+            end_ += static_cast<std::size_t>(got);
+        }
+        return std::min(end_, wanted);
+    });
+}
+
+FileReader::Mark FileReader::findMark() {
+    const std::string_view first(buffer_.data() + next_, have(3));
+    isMarkKnown_ = true;
+    if (!isAtBeginning()) return mark_;
+    if (first.starts_with("\xEF\xBB\xBF")) mark_ = Mark::Utf8;
+    if (first.starts_with("\xFE\xFF")) mark_ = Mark::Utf16BE;
+    if (first.starts_with("\xFF\xFE")) mark_ = Mark::Utf16LE;
+    return mark_;
+}
+
+void FileReader::skip(std::size_t count) { next_ += have(count); }
+
+void FileReader::moveTo(std::int64_t index) {
+    mark();
+    if (index < base_ || index - base_ > static_cast<std::int64_t>(end_)) {
+        std::streambuf& from = source();
+        if (guarded([&] { return from.pubseekpos(index, std::ios::in) == std::streampos(index); })) {
+            base_ = index;
+            next_ = end_ = 0;
+            return;
+        }
+        // A stream that can't seek is read up to there.
+        next_ = end_;
+        while (index - base_ > static_cast<std::int64_t>(end_) && fill(1) > 0) next_ = end_;
+    }
+    if (index < base_ || index - base_ > static_cast<std::int64_t>(end_))
+        failFile(Kind::FileException, name_, "there is no byte " + std::to_string(index));
+    next_ = static_cast<std::size_t>(index - base_);
+}
+
+void FileReader::failTooLarge() const {
+    failFile(Kind::FileException, name_, "more than " + std::to_string(largestPiece) + " bytes at once");
+}
+
+std::vector<unsigned char> FileReader::takeBytes(std::int64_t count) {
+    std::vector<unsigned char> bytes;
+    while (count != 0 && have(1) > 0) {
+        std::size_t piece = end_ - next_;
+        if (count > 0) piece = static_cast<std::size_t>(std::min(count, static_cast<std::int64_t>(piece)));
+        if (bytes.size() + piece > largestPiece) failTooLarge();
+        const auto from = buffer_.begin() + static_cast<std::ptrdiff_t>(next_);
+        bytes.insert(bytes.end(), from, from + static_cast<std::ptrdiff_t>(piece));
+        next_ += piece;
+        if (count > 0) count -= static_cast<std::int64_t>(piece);
+    }
+    return bytes;
+}
+
+// Gives back what a long line took.
+void FileReader::startLine() {
+    if (line_.capacity() > bufferSize) line_ = std::string();
+    line_.clear();
+}
+
+void FileReader::addToLine(std::size_t bytes) {
+    if (line_.size() + bytes > largestPiece) failTooLarge();
+    line_.append(buffer_.data() + next_, bytes);
+    next_ += bytes;
+}
+
+std::string_view FileReader::takeLine() {
+    startLine();
+    while (have(1) > 0) {
+        const char* const from = buffer_.data() + next_;
+        const auto* const feed = static_cast<const char*>(std::memchr(from, '\n', end_ - next_));
+        if (feed == nullptr) {
+            addToLine(end_ - next_);
+            continue;
+        }
+        const auto bytes = static_cast<std::size_t>(feed - from);
+        if (line_.empty()) {
+            next_ += bytes + 1;
+            return {from, bytes};
+        }
+        addToLine(bytes);
+        ++next_;
+        break;
+    }
+    return line_;
+}
+
+std::string_view FileReader::takeWideLine(bool littleEndian) {
+    const std::string_view feed = littleEndian ? std::string_view("\n\0", 2) : std::string_view("\0\n", 2);
+    startLine();
+    while (const std::size_t bytes = have(2)) {
+        if (std::string_view(buffer_.data() + next_, bytes) == feed) {
+            next_ += bytes;
+            break;
+        }
+        addToLine(bytes);
+    }
+    return line_;
+}
+
+}  // namespace otx
