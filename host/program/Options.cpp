@@ -123,8 +123,8 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     addFile(command, "--persist", options.persistenceFile, "Keep the values that the sequence saves in this file");
     command.add_option("--providers", options.providersFolder, "Find plug-ins of service providers in this folder")
         ->type_name("DIR");
-    addLog(command, options.log);
     command.add_option("--store", options.storeFolder, "Let the sequence read the files of this folder")->type_name("DIR");
+    addLog(command, options.log);
 }
 
 void addRun(CLI::App& program, RunOptions& options) {

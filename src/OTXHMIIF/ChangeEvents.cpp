@@ -86,11 +86,11 @@ ChangeEvents::ChangeEvents(const ScreenHost& host, const COtxValue& monitorSourc
 
 ChangeEvents::~ChangeEvents() {
     if (!thread_.joinable()) return;
-    try {
-        end();
-    } catch (const std::system_error&) {
+    close();
+    if (thread_.get_id() == std::this_thread::get_id())
         thread_.detach();
-    }
+    else
+        thread_.join();
 }
 
 void ChangeEvents::close() {
@@ -99,8 +99,15 @@ void ChangeEvents::close() {
 
 void ChangeEvents::end() {
     close();
-    const Awaiting awaiting(thread_.get_id());
-    thread_.join();
+    try {
+        const Awaiting awaiting(thread_.get_id());
+        thread_.join();
+    } catch (const std::system_error&) {
+        // It is inside a message to the host, behind which it needs nothing but what it holds. Whoever lets go of the screen
+        // last doesn't wait for the host.
+        thread_.detach();
+        throw;
+    }
 }
 
 }  // namespace OTX
