@@ -16,6 +16,7 @@
 
 #include <velkotx/Sequencer.h>
 
+#include <atomic>
 #include <memory>
 #include <optional>
 
@@ -51,7 +52,9 @@ std::unique_ptr<RunOperator> makeOperator(Sequencer& sequencer, const RunOptions
 
 Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& setUp, ScriptedHost& host,
                  Operator& theOperator) {
+    std::atomic<bool> isInterrupted{false};
     const InterruptWatcher watcher(sequencer, [&] {  // ahead of all other threads
+        isInterrupted = true;
         theOperator.tell({ScreenNews::Kind::cancelled, {}, false, {}});
     });
     theOperator.start();
@@ -61,7 +64,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     theOperator.finish();
     letLogAhead();
     // A run that is cancelled in its last statement comes to its end all the same.
-    if (theOperator.hasFailed() && outcome.kind == Outcome::Kind::finished)
+    if ((isInterrupted || theOperator.hasFailed()) && outcome.kind == Outcome::Kind::finished)
         return {Outcome::Kind::cancelled, COtxValue(), "cancelled", {}};
     return outcome;
 }

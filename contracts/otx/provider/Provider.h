@@ -43,6 +43,8 @@ public:
 // - Dispose, and the end of the last value, ask all services to end and wait for them; on a service's own thread that one
 //   isn't waited for. After Dispose all calls but IsDisposed throw kind 23 (ProviderDisposedException); handles stay good.
 // - What Execute and Event of the author throw reaches the caller, as kind 22 with the text unless it is an OTX exception.
+//
+// Throws kind 21 (ProviderException) for a null pointer.
 OTX_API COtxValue MakeProvider(std::shared_ptr<Provider> provider);
 
 // Throw kind 21 for the name of a constructor, kind 25 for that of a service, which the type doesn't have.

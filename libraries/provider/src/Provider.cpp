@@ -74,6 +74,7 @@ void Provider::Event(const std::string& eventType, const COtxValue&) {
 }
 
 COtxValue MakeProvider(std::shared_ptr<Provider> provider) {
+    if (provider == nullptr) throw COtxException(Exceptions_e::ProviderException, "A provider is made of nothing");
     return COtxValue(std::make_shared<Behaviour>(std::move(provider)));
 }
 

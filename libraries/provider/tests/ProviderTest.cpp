@@ -90,4 +90,8 @@ TEST(ProviderValue, IsOfItsTypeAndEqualsItselfOnly) {
     EXPECT_EQ(thrownBy([&] { provider.ServiceProviderService(); }).substr(0, 3), "5: ");
 }
 
+TEST(MadeProvider, OfNothingIsRefused) {
+    EXPECT_THROW(ExternalServiceProvider::MakeProvider(nullptr), COtxException);
+}
+
 }  // namespace
