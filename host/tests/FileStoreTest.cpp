@@ -68,6 +68,9 @@ TEST_F(FileStore, TellsAMissingRight) {
 }
 
 TEST_F(FileStore, TellsThatNothingMoreCanBeOpened) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the check of types needs descriptors of its own";
+#endif
     write("a.txt", "x");
     rlimit before{};
     getrlimit(RLIMIT_NOFILE, &before);
