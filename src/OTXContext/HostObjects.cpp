@@ -21,11 +21,11 @@ auto& required(const Pointer& object, const char* failure) {
 }  // namespace
 
 void OtxContext::SetHost(std::weak_ptr<velkotx::HostEventSink> sink) {
+    // The old screens are silent before anybody can know of the new host.
+    if (OTX::HMI* const replaced = hmi) replaced->endAll();
     host = std::move(sink);
-    OTX::HMI* const replaced = hmi;
     hmi = hmis.emplace_back(std::make_unique<OTX::HMI>(*this, host)).get();
     hostService = std::make_shared<ExternalServiceProvider::HostServiceInterface>(host);
-    if (replaced != nullptr) replaced->endAll();
 }
 
 void OtxContext::EndScreens() {
