@@ -94,6 +94,7 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     if (mode == Mode::compiled) sequencer = loadedFromCompiledForm(*sequencer);
 
     auto handle = std::make_shared<HostHandle>(host);
+    const std::future<void> gone = handle->gone();
     if (script.withHost) sequencer->SetHost(handle);
     if (script.hostGone) handle.reset();
     if (script.recordsCalls) recording.giveTo(*sequencer);
@@ -113,6 +114,8 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     else
         work();
     answerer->end();
+    handle.reset();
+    gone.wait();
     return transcript.lines();
 }
 
