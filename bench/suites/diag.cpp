@@ -1,11 +1,10 @@
 // Diagnostic services and a flash download, against the simulated vehicle and against a host that answers from memory.
 #include "../hosts/MemoryDiagCom.h"
 #include "../hosts/Vehicle.h"
+#include "BareWork.h"
 #include "Programs.h"
 
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace {
 
@@ -31,17 +30,8 @@ void download(benchmark::State& state) {
         state.SkipWithError("not all bytes were downloaded");
 }
 
-// What the machine gives two threads that have nothing to do with each other, beside the lanes.
 void bareWork(benchmark::State& state) {
-    const auto work = [] {
-        volatile long long sum = 0;
-        for (long long i = 0; i < 10'000'000; ++i) sum = sum + i;
-    };
-    for (auto _ : state) {
-        std::vector<std::thread> threads;
-        for (int number = 0; number < state.range(0); ++number) threads.emplace_back(work);
-        for (auto& thread : threads) thread.join();
-    }
+    workBare(state, 10'000'000);
 }
 
 }  // namespace

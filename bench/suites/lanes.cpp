@@ -1,11 +1,10 @@
 // Lanes and waits against the bare threads and condition variables under them. All in real time: they are about waiting.
+#include "BareWork.h"
 #include "Programs.h"
 
 #include <condition_variable>
 #include <future>
 #include <mutex>
-#include <thread>
-#include <vector>
 
 namespace {
 
@@ -17,17 +16,8 @@ void lanes(benchmark::State& state, const std::string& procedure, long long n) {
     runProcedure(state, "lanes", procedure, n);
 }
 
-// What the machine gives two threads that have nothing to do with each other.
 void bareWork(benchmark::State& state) {
-    const auto work = [] {
-        volatile long long sum = 0;
-        for (long long i = 0; i < 20'000'000; ++i) sum = sum + i;
-    };
-    for (auto _ : state) {
-        std::vector<std::thread> threads;
-        for (int number = 0; number < state.range(0); ++number) threads.emplace_back(work);
-        for (auto& thread : threads) thread.join();
-    }
+    workBare(state, 20'000'000);
 }
 
 // One after the other, as the lanes of the procedure `start`.
