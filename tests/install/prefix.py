@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Installs the build into a clean prefix, moves it, and builds and runs the embedding example against that prefix only."""
+"""Installs the build into a clean prefix, moves it, and builds and runs the hosts among the examples, and builds the plug-in,
+against that prefix only."""
 import os
 import shutil
 import subprocess
@@ -71,12 +72,12 @@ def expect_battery_check(program, prefix, source, environment):
     require(len(ours) == 1 and Path(ours[0]).resolve().is_relative_to(prefix), f"another library is taken:\n{loaded}")
 
 
-def with_cmake(cmake, compiler, example, prefix, source, work, environment):
-    build = work / "with-cmake"
+def built_with_cmake(cmake, compiler, example, prefix, environment):
+    build = example / "build"
     call(cmake, "-S", example, "-B", build, f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_PREFIX_PATH={prefix}",
          env=environment)
     call(cmake, "--build", build, env=environment)
-    expect_battery_check(build / "embed", prefix, source, environment)
+    return build
 
 
 def with_pkg_config(compiler, example, prefix, library, source, work, environment):
@@ -99,12 +100,22 @@ def main():
     check_files(prefix, library, source, build)
     check_program(prefix, source)
 
-    # A copy, so that the example can't fall back on the sources around it.
-    example = work / "embed"
-    shutil.copytree(source / "examples/embed", example)
+    # Copies, so that the examples can't fall back on the sources around them.
+    examples = work / "examples"
+    for name in ("embed", "complete-host", "providers/file-hash"):
+        shutil.copytree(source / "examples" / name, examples / name)
     environment = {name: value for name, value in os.environ.items() if name not in ("LD_LIBRARY_PATH", "CMAKE_PREFIX_PATH")}
-    with_cmake(cmake, compiler, example, prefix, source, work, environment)
-    with_pkg_config(compiler, example, prefix, library, source, work, environment)
+
+    embed = built_with_cmake(cmake, compiler, examples / "embed", prefix, environment) / "embed"
+    expect_battery_check(embed, prefix, source, environment)
+    with_pkg_config(compiler, examples / "embed", prefix, library, source, work, environment)
+
+    host = built_with_cmake(cmake, compiler, examples / "complete-host", prefix, environment) / "complete_host"
+    require("services = 2\n" in call(host, examples / "complete-host/service-counter.otx"), "the complete host doesn't count")
+
+    plugins = built_with_cmake(cmake, compiler, examples / "providers/file-hash", prefix, environment) / "providers"
+    out = call(prefix / "bin/velkotx", "run", source / "examples/09-file-hash.otx", "--providers", plugins, cwd=source)
+    require("wasEnded = TRUE\n" in out, out)
     shutil.rmtree(work)
 
 
