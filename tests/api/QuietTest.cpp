@@ -31,6 +31,7 @@ using namespace api;
 class Captured {
 public:
     Captured() : file_(memfd_create("captured", 0)) {
+        std::fflush(nullptr);  // what was written before isn't part of it
         for (std::size_t i = 0; i < kept_.size(); ++i) {
             kept_[i] = dup(outputs[i]);
             dup2(file_, outputs[i]);
