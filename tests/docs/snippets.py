@@ -22,9 +22,9 @@ def stands_in(block, text):
 
 def main():
     root = Path(sys.argv[1])
-    sources = {path: path.read_text(encoding="utf-8") for folder in ("examples", "src", "schema/catalogue", "tests/documents")
+    sources = {path: path.read_text(encoding="utf-8", errors="replace") for folder in ("examples", "src", "schema/catalogue", "tests/documents")
                for path in (root / folder).rglob("*")
-               if path.suffix in (".cpp", ".h", ".txt", ".otxs") and "build" not in path.parts}
+               if (path.suffix in (".cpp", ".h", ".otxs") or path.name == "CMakeLists.txt") and "build" not in path.parts}
     count = 0
     missing = []
     for page in [*sorted((root / "docs").rglob("*.md")), root / "README.md", root / "CONTRIBUTING.md"]:
