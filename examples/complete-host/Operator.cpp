@@ -21,7 +21,11 @@ std::string text(const COtxValue& map, const std::string& key) {
 
 Operator::Operator(TestRun& run, std::shared_ptr<Mailbox> mailbox, COtxConfirmationType::ConfirmationType answer,
                    std::ostream& out)
-    : run_(run), mailbox_(std::move(mailbox)), answer_(answer), out_(out), thread_([this](const std::stop_token& stop) { work(stop); }) {}
+    : run_(run),
+      mailbox_(std::move(mailbox)),
+      answer_(answer),
+      out_(out),
+      thread_([this](const std::stop_token& stop) { work(stop); }) {}
 
 void Operator::work(const std::stop_token& stop) {
     while (const auto message = mailbox_->take(stop)) answer(*message);

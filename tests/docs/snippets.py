@@ -22,7 +22,8 @@ def stands_in(block, text):
 
 def main():
     root = Path(sys.argv[1])
-    sources = {path: path.read_text(encoding="utf-8", errors="replace") for folder in ("examples", "src", "schema/catalogue", "tests/documents")
+    sources = {path: path.read_text(encoding="utf-8", errors="replace")
+               for folder in ("examples", "src", "schema/catalogue", "tests/documents")
                for path in (root / folder).rglob("*")
                if (path.suffix in (".cpp", ".h", ".otxs") or path.name == "CMakeLists.txt") and "build" not in path.parts}
     count = 0
