@@ -93,6 +93,7 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     if (mode == Mode::compiled) sequencer = loadedFromCompiledForm(*sequencer);
 
     auto handle = std::make_shared<HostHandle>(host);
+    const std::future<void> gone = handle->gone();
     if (script.withHost) sequencer->SetHost(handle);
     if (script.hostGone) handle.reset();
     if (script.recordsCalls) recording.giveTo(*sequencer);
@@ -110,6 +111,8 @@ std::vector<std::string> runDocument(const std::string& document, const Script& 
     else
         work();
     answerer->end();
+    handle.reset();
+    gone.wait();
     return transcript.lines();
 }
 

@@ -9,6 +9,7 @@
 #include <otx/value/COtxValue.h>
 #include <velkotx/HostEventSink.h>
 
+#include <future>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -53,14 +54,22 @@ private:
     std::vector<Kept> kept_;
 };
 
-// What the sequencer holds: it can go at any time, while the host itself stays until the last call is over.
+// What the sequencer holds: it can go at any time, while the host itself has to stay until the last call is over. A screen
+// that is closed from inside one of its own messages leaves a thread behind that is still in that call.
 class HostHandle : public velkotx::HostEventSink {
 public:
     explicit HostHandle(RecordingHost& host) : host_(host) {}
+    ~HostHandle() override { gone_.set_value(); }
+    HostHandle(const HostHandle&) = delete;
+    HostHandle& operator=(const HostHandle&) = delete;
+
+    // Ready when the handle has gone, and with it the last call.
+    std::future<void> gone() { return gone_.get_future(); }
     void sendRequest(const COtxValue& message) override { host_.sendRequest(message); }
 
 private:
     RecordingHost& host_;
+    std::promise<void> gone_;
 };
 
 }  // namespace documents
