@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 # The system's own interpreter: others that stand first on the PATH may lack what the tools need.
 CMAKE_FLAGS ?= -DPython3_EXECUTABLE=/usr/bin/python3
 
-.PHONY: all demo test test-release test-asan test-tsan bench sweep stress fuzz clean packages
+.PHONY: all demo install test test-release test-asan test-tsan bench sweep stress fuzz clean packages
 
 all: build-release
 
@@ -21,6 +21,11 @@ demo: build-release
 	@echo
 	@echo "velkotx run examples/read-identification.otx --vehicle examples/vehicles/compact.json"
 	@build/release/bin/velkotx run examples/read-identification.otx --vehicle examples/vehicles/compact.json
+
+# The library, its headers and packages, the program with its manual page and completions.
+PREFIX ?= /usr/local
+install: build-release
+	@cmake --install build/release --prefix $(PREFIX)
 
 # Every suite in the release build and under the address and undefined behaviour sanitizers.
 test: build-release build-asan

@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(
-    g++ cmake ninja-build make git python3
+    g++ cmake ninja-build make git python3 pkg-config
     libxerces-c-dev libace-dev xsdcxx nlohmann-json3-dev libcli11-dev
     libedit-dev
     libicu-dev libpcre2-dev

@@ -1,6 +1,7 @@
 // The command line of velkotx, parsed with CLI11.
 #include "program/Options.h"
 
+#include "program/CommandTable.h"
 #include "program/ExitStatus.h"
 #include "text/OneLine.h"
 
@@ -192,25 +193,26 @@ std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
 
 }  // namespace
 
-Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
-    RunOptions run;
-    DebugOptions debug;
-    InfoOptions info;
-    CompileOptions compile;
-    DumpOptions dump;
-    VehicleCheckOptions vehicleCheck;
-    CLI::App program("Runs OTX test sequences (ISO 13209).", "velkotx");
+void addCommands(CLI::App& program, CommandOptions& options) {
+    program.name("velkotx");
+    program.description("Runs OTX test sequences (ISO 13209).");
     program.set_version_flag("--version", versionLine, "Print the component's name, version and date");
     program.require_subcommand(1);
     program.get_formatter()->label("SUBCOMMAND", "COMMAND");
     program.get_formatter()->label("Subcommands", "Commands");
     program.footer(programFooter);
-    addRun(program, run);
-    addDebug(program, debug);
-    addInfo(program, info);
-    addCompile(program, compile);
-    addDump(program, dump);
-    addVehicle(program, vehicleCheck);
+    addRun(program, options.run);
+    addDebug(program, options.debug);
+    addInfo(program, options.info);
+    addCompile(program, options.compile);
+    addDump(program, options.dump);
+    addVehicle(program, options.vehicleCheck);
+}
+
+Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+    CLI::App program;
+    CommandOptions options;
+    addCommands(program, options);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -220,16 +222,16 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
         return Answered{ExitStatus::badInput};
     }
     if (program.got_subcommand("run"))
-        return run;
+        return options.run;
     if (program.got_subcommand("debug"))
-        return debug;
+        return options.debug;
     if (program.got_subcommand("compile"))
-        return compile;
+        return options.compile;
     if (program.got_subcommand("dump"))
-        return dump;
+        return options.dump;
     if (program.got_subcommand("vehicle"))
-        return vehicleCheck;
-    return info;
+        return options.vehicleCheck;
+    return options.info;
 }
 
 }  // namespace velkotx::host

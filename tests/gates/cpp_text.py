@@ -1,0 +1,50 @@
+"""What the gates need to know of the text of C++."""
+import re
+
+TOKENS = re.compile(
+    r'R"(?P<mark>[^()\s]{0,16})\(.*?\)(?P=mark)"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'|//[^\n]*|/\*.*?\*/', re.S)
+
+
+def without_comments(text):
+    """The code with comments and the contents of literals blanked out, each character at its place."""
+
+    def blank(match):
+        return re.sub(r"[^\n]", " ", match.group())
+
+    # A digit separator isn't the beginning of a literal.
+    return TOKENS.sub(blank, re.sub(r"(?<=\d)'(?=\d)", " ", text))
+
+
+def line_of(text, position):
+    return text.count("\n", 0, position) + 1
+
+
+def opening_brace(text, closing):
+    """The place of the brace that the one at `closing` ends."""
+    depth = 0
+    for index in range(closing, -1, -1):
+        if text[index] == "}":
+            depth += 1
+        elif text[index] == "{":
+            depth -= 1
+            if depth == 0:
+                return index
+    return -1
+
+
+def passes_forced_unwind(before):
+    """Whether one of the clauses before a catch of everything lets the forced unwinding of a thread pass."""
+    while True:
+        before = before.rstrip()
+        if before.endswith("OTX_PASS_FORCED_UNWIND"):
+            return True
+        if not before.endswith("}"):
+            return False
+        opening = opening_brace(before, len(before) - 1)
+        head = before[:opening].rstrip()
+        clause = re.search(r"\bcatch\s*\(([^()]*)\)$", head)
+        if clause is None:
+            return False
+        if "__forced_unwind" in clause.group(1):
+            return re.fullmatch(r"\{\s*throw;\s*\}", before[opening:]) is not None
+        before = head[:clause.start()]
