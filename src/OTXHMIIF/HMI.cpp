@@ -123,7 +123,7 @@ void HMI::closeAll() {
     std::exception_ptr failure;
     for (const auto& [name, screen] : open) {
         // The host may have come back with an end of it.
-        if (screens_.contains(name)) failure = first(failure, failureOf([&] { screen->closeScreen(); }));
+        if (screens_.contains(name)) failure = first(failure, failureOf([&one = *screen] { one.closeScreen(); }));
     }
     takeAllOut();
     failure = first(failure, failureOf([&] { section.end(); }));

@@ -17,9 +17,11 @@
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <istream>
+#include <new>
 
 namespace schema {
 
@@ -43,6 +45,8 @@ namespace {
 // cost and the parser's own grow with the square of nesting and of one element's attributes.
 class BoundedParser : public xercesc::DOMLSParserImpl {
 public:
+    explicit BoundedParser(xercesc::MemoryManager& memory) : DOMLSParserImpl(nullptr, &memory) {}
+
     void startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount,
                       const bool isEmpty, const bool isRoot) override {
@@ -102,8 +106,10 @@ void configure(xercesc::DOMConfiguration& configuration) {
 
 }  // namespace
 
-XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream) {
-    BoundedParser parser;
+Dom parseDom(std::istream& stream) try {
+    Dom dom;
+    dom.memory = std::make_unique<XmlMemory>();
+    BoundedParser parser(*dom.memory);
     configure(*parser.getDomConfig());
 
     xsd::cxx::tree::error_handler<char> errors;
@@ -111,15 +117,16 @@ XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream) {
     parser.getDomConfig()->setParameter(xercesc::XMLUni::fgDOMErrorHandler, &proxy);
 
     xsd::cxx::xml::sax::std_input_source source(stream);
-    const xercesc::Wrapper4InputSource wrapper(&source, false);
-    XSD_DOM_AUTO_PTR<xercesc::DOMDocument> document;
+    const xercesc::Wrapper4InputSource wrapper(&source, false, dom.memory.get());
     try {
-        document.reset(parser.parse(&wrapper));
+        dom.document.reset(parser.parse(&wrapper));
     } catch (const xercesc::DOMLSException&) {
         // The diagnostics tell it.
     }
     errors.throw_if_failed<xsd::cxx::tree::parsing<char>>();
-    return document;
+    return dom;
+} catch (const xercesc::OutOfMemoryException&) {
+    throw std::bad_alloc();
 }
 
 }  // namespace schema
