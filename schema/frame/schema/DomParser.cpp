@@ -88,6 +88,21 @@ private:
     std::size_t depth_ = 0;
 };
 
+// The stream as the parser reads it, made in the document's memory.
+class StreamSource : public xsd::cxx::xml::sax::std_input_source {
+public:
+    StreamSource(std::istream& stream, xercesc::MemoryManager& memory)
+        : std_input_source(stream), stream_(stream), memory_(memory) {}
+
+    xercesc::BinInputStream* makeStream() const override {
+        return new (&memory_) xsd::cxx::xml::sax::std_input_stream(stream_);
+    }
+
+private:
+    std::istream& stream_;
+    xercesc::MemoryManager& memory_;
+};
+
 void configure(xercesc::DOMConfiguration& configuration) {
     using xercesc::XMLUni;
     configuration.setParameter(XMLUni::fgDOMComments, false);
@@ -116,7 +131,7 @@ Dom parseDom(std::istream& stream) try {
     xsd::cxx::xml::dom::bits::error_handler_proxy<char> proxy(errors);
     parser.getDomConfig()->setParameter(xercesc::XMLUni::fgDOMErrorHandler, &proxy);
 
-    xsd::cxx::xml::sax::std_input_source source(stream);
+    StreamSource source(stream, *dom.memory);
     const xercesc::Wrapper4InputSource wrapper(&source, false, dom.memory.get());
     try {
         dom.document.reset(parser.parse(&wrapper));
