@@ -90,13 +90,15 @@ void HMI::openDialog(const std::string& name, ScreenArguments::Values parameters
 // goes like one that was taken out: its thread may be in the middle of a message.
 COtxValue HMI::enter(const std::string& name, bool modal, const ScreenArguments& arguments) {
     Section section(*this);
-    const auto screen = std::make_shared<Screen>(ScreenHost(host_, context_.ContentLock(), name));
+    auto screen = std::make_shared<Screen>(ScreenHost(host_, context_.ContentLock(), name));
     const auto entered = leaving_.emplace(name, screen);
     screen->open(modal, arguments);
     // When a screen of the name is open, the host has heard of this one, and it goes without a word: this is meant.
     const auto [entry, isNew] = screens_.try_emplace(name, screen);
     if (isNew) leaving_.erase(entered);
     COtxValue closed = entry->second->closedSource();
+    // Whoever lets go of a screen last may have to wait for its thread: not this one, which the host's answer may need.
+    screen.reset();
     section.end();
     return closed;
 }
