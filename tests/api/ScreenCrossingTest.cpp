@@ -5,6 +5,7 @@
 #include "LaneDocuments.h"
 #include "ScreenTest.h"
 #include "ThreadCount.h"
+#include "Until.h"
 
 #include <future>
 #include <tuple>
@@ -117,6 +118,7 @@ TEST_P(ScreenSecondOpening, DoesNotKeepTheHostWaiting) {
     const std::size_t threads = threadCount();
     beginScreens(openScreen("a1", "panel", {{"inArg", "x", "x"}}) + openScreen("a2", "panel", {{"inArg", "x", "x"}}));
     Gate inside;
+    std::atomic<int> answers{0};
     MessageCount openings{opened, "panel"};
     host->reaction = [&](const COtxValue& message) {
         if (openings.note(message) && openings.count() == 2) {
@@ -130,6 +132,7 @@ TEST_P(ScreenSecondOpening, DoesNotKeepTheHostWaiting) {
             outValue(sequencer(), "keys", "y", "1");
         else
             control(wanted);
+        ++answers;
     };
     start();
     inside.awaitArrivals(2);
@@ -140,6 +143,8 @@ TEST_P(ScreenSecondOpening, DoesNotKeepTheHostWaiting) {
         go();
         EXPECT_EQ(outcome(), "{}");
     }
+    // No call may be in progress when the sequencer goes, nor one of the host's from inside a message.
+    waitUntil("both answers", [&] { return answers == 2; });
     session.reset();
     EXPECT_TRUE(isThreadCountReached(threads));
 }
