@@ -7,6 +7,7 @@
 #include "ThreadCount.h"
 #include "Until.h"
 
+#include <atomic>
 #include <future>
 #include <tuple>
 
