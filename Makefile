@@ -5,7 +5,7 @@ JOBS ?= $(shell nproc)
 # The system's own interpreter: others that stand first on the PATH may lack what the tools need.
 CMAKE_FLAGS ?= -DPython3_EXECUTABLE=/usr/bin/python3
 
-.PHONY: all demo install test test-release test-asan test-tsan bench sweep stress fuzz clean packages
+.PHONY: all demo install test test-release test-asan test-tsan bench sweep stress faults soak fuzz clean packages
 
 all: build-release
 
@@ -45,19 +45,31 @@ bench: EXTRA_PACKAGES = libbenchmark-dev lua5.4
 bench: build-bench
 	@/usr/bin/python3 bench/table.py build/bench
 
-# Every truncation and every changed byte of every example; of the documents with every type one case in SWEEP_MODULES_EVERY.
-SWEEP_MODULES_EVERY ?= 20
+# Compiled files that together hold every type, broken in every way: some ten minutes of processor time. SWEEP_EVERY takes
+# only each n-th case.
+SWEEP_EVERY ?= 1
 sweep: build-release
 	@/usr/bin/python3 -B tests/modules/generate.py schema/catalogue build/release/tests/modules
-	@build/release/bin/otx_sweep --processes $(JOBS) examples
-	@build/release/bin/otx_sweep --processes $(JOBS) --every $(SWEEP_MODULES_EVERY) build/release/tests/modules
+	@build/release/bin/otx_sweep --processes $(JOBS) --every $(SWEEP_EVERY) examples
+	@build/release/bin/otx_sweep --processes $(JOBS) --every $(SWEEP_EVERY) build/release/tests/modules
+
+# A fault at every allocation, message, byte and host call of a document, instead of a sample.
+faults: build-release
+	@for part in load save run host streams; do build/release/bin/otx_faults $$part 1 tests/faults/mid-sized.otx || exit 1; done
+	@build/release/bin/otx_host_faults tests/documents
+
+# A million runs in one process for as long as SOAK_MINUTES, and 200 sequencers at once.
+SOAK_MINUTES ?= 10
+soak: build-release
+	@build/release/bin/otx_soak runs $(SOAK_MINUTES) 1000000 tests/faults/mid-sized.otx
+	@build/release/bin/otx_soak crowd 200 20
 
 # Runs of lanes, waits and commands against each other: 10,000 cancelled runs, a minute of stop and run, and more.
 STRESS_FACTOR ?= 20
 stress: build-release
 	@VELKOTX_STRESS=$(STRESS_FACTOR) build/release/bin/stress_tests
 
-# Each loader under the fuzzer for FUZZ_SECONDS.
+# Each target of the fuzzer for FUZZ_SECONDS.
 FUZZ_SECONDS ?= 60
 fuzz: EXTRA_PACKAGES = clang
 fuzz: build-fuzz

@@ -17,8 +17,12 @@ ROOT = HERE.parent
 CATALOGUE = ROOT / "schema" / "catalogue"
 LONGEST_INPUT = 65536
 # Reading the compiled form may allocate 1 MB and 16 times the input at once.
-LIMITS = {"fuzz_xml": [], "fuzz_compiled": [f"-malloc_limit_mb={1 + 16 * LONGEST_INPUT // (1 << 20)}"]}
-FORMS = {"fuzz_xml": "xml", "fuzz_compiled": "compiled"}
+LIMITS = {"fuzz_compiled": [f"-malloc_limit_mb={1 + 16 * LONGEST_INPUT // (1 << 20)}"],
+          "fuzz_match": ["-max_len=4096", "-timeout=2"],
+          "fuzz_commands": ["-max_len=4096"]}
+# What the words of each target's dictionary are.
+FORMS = {"fuzz_xml": "xml", "fuzz_compiled": "compiled", "fuzz_json": "json", "fuzz_match": "match",
+         "fuzz_vehicle": "vehicle", "fuzz_commands": "commands"}
 
 
 def files(folder):
@@ -35,9 +39,10 @@ def run(build, target, seconds):
     findings = HERE / "regressions" / target
     findings.mkdir(parents=True, exist_ok=True)
     before = files(findings)
+    given = [folder for folder in (work / "seeds" / target, HERE / "corpus" / target) if folder.is_dir()]
     command = [str(build / "bin" / target), f"-max_total_time={seconds}", f"-max_len={LONGEST_INPUT}", f"-dict={words}",
-               f"-artifact_prefix={findings}/", "-timeout=25", "-print_final_stats=1", *LIMITS[target],
-               str(corpus), str(work / "seeds" / target), str(findings)]
+               f"-artifact_prefix={findings}/", "-timeout=25", "-print_final_stats=1", *LIMITS.get(target, []),
+               str(corpus), *map(str, given), str(findings)]
     with log.open("wb") as output:
         status = subprocess.run(command, stdout=output, stderr=subprocess.STDOUT).returncode
     text = log.read_text(encoding="utf-8", errors="replace")

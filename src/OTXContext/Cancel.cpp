@@ -35,18 +35,27 @@ void OtxContext::CancelAll() {
     COtxEventSource::CloseAll(*first);
     COtxEventSource::ThreadGroup().RemoveRoot(*first);
     // Those that were made elsewhere, such as on a thread of the host.
-    for (const COtxValue& source : waitedFor()) source.EventSource().Close();
+    closeWaitedFor();
     if (hostFailure != nullptr) std::rethrow_exception(hostFailure);
 }
 
-std::vector<COtxValue> OtxContext::waitedFor() {
-    std::vector<COtxValue> sources;
-    const std::lock_guard guard(flowLock);
-    for (auto& [thread, flow] : flows) {
-        const std::lock_guard own(flow.lock);
-        if (flow.waitedFor.Type() == OTX::ValueType::EventSource) sources.push_back(flow.waitedFor);
+// One after the other, with no lock held and without memory: a run is cancelled also where there is none.
+void OtxContext::closeWaitedFor() {
+    std::thread::id last;
+    while (const auto next = nextWaitingFlow(last)) {
+        last = next->first;
+        next->second.EventSource().Close();
     }
-    return sources;
+}
+
+std::optional<std::pair<std::thread::id, COtxValue>> OtxContext::nextWaitingFlow(std::thread::id last) {
+    const std::lock_guard guard(flowLock);
+    for (auto found = flows.upper_bound(last); found != flows.end(); ++found) {
+        const std::lock_guard own(found->second.lock);
+        const COtxValue& source = found->second.waitedFor;
+        if (source.Type() == OTX::ValueType::EventSource) return std::pair(found->first, source);
+    }
+    return std::nullopt;
 }
 
 std::optional<std::thread::id> OtxContext::markCancelled() {

@@ -17,6 +17,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 class DiagComHost;
@@ -168,7 +169,9 @@ private:
 
     // Gives the first flow as it was when the flows were marked: one that begins later isn't cancelled.
     std::optional<std::thread::id> markCancelled();
-    std::vector<COtxValue> waitedFor();
+    void closeWaitedFor();
+    // What the first waiting flow behind that thread waits for.
+    std::optional<std::pair<std::thread::id, COtxValue>> nextWaitingFlow(std::thread::id last);
     // The thread of flow 0. Throws std::runtime_error, "Invalid thread id: 0".
     std::thread::id firstFlow() const;
     // Under flowLock.

@@ -8,9 +8,9 @@
 #include <otx/value/IString.h>
 
 #include <exception>
-#include <map>
 #include <mutex>
 #include <system_error>
+#include <utility>
 
 namespace OTX {
 
@@ -42,22 +42,20 @@ void changeEventsThread(const ScreenHost& host, const COtxValue& monitorSource) 
 }
 
 // The calling thread waits for the end of another one, but never in a circle: the host may end screens from inside messages
-// of each other's threads.
+// of each other's threads. Those that wait stand in a chain, which needs no memory.
 class Awaiting {
 public:
-    explicit Awaiting(std::thread::id awaited) {
+    explicit Awaiting(std::thread::id awaited) : awaited_(awaited) {
         const std::lock_guard guard(shared().lock);
-        auto& all = shared().awaited;
-        for (auto next = awaited; next != std::thread::id();) {
+        for (auto next = awaited; next != std::thread::id(); next = awaitedBy(next))
             if (next == self_) throw std::system_error(std::make_error_code(std::errc::resource_deadlock_would_occur));
-            const auto found = all.find(next);
-            next = found != all.end() ? found->second : std::thread::id();
-        }
-        all.emplace(self_, awaited);
+        behind_ = std::exchange(shared().first, this);
+        if (behind_ != nullptr) behind_->ahead_ = this;
     }
     ~Awaiting() {
         const std::lock_guard guard(shared().lock);
-        shared().awaited.erase(self_);
+        (ahead_ != nullptr ? ahead_->behind_ : shared().first) = behind_;
+        if (behind_ != nullptr) behind_->ahead_ = ahead_;
     }
     Awaiting(const Awaiting&) = delete;
     Awaiting& operator=(const Awaiting&) = delete;
@@ -66,8 +64,7 @@ private:
     struct Shared {
         // Guards what follows.
         std::mutex lock;
-        // By the one who waits.
-        std::map<std::thread::id, std::thread::id> awaited;
+        Awaiting* first = nullptr;
     };
     // Never destroyed: a thread that the host holds may come back late.
     static Shared& shared() {
@@ -75,7 +72,17 @@ private:
         return *all;
     }
 
+    static std::thread::id awaitedBy(std::thread::id thread) {
+        for (const Awaiting* one = shared().first; one != nullptr; one = one->behind_)
+            if (one->self_ == thread) return one->awaited_;
+        return {};
+    }
+
     const std::thread::id self_ = std::this_thread::get_id();
+    const std::thread::id awaited_;
+    // Guarded by the lock of all.
+    Awaiting* ahead_ = nullptr;
+    Awaiting* behind_ = nullptr;
 };
 
 }  // namespace

@@ -30,9 +30,10 @@ std::exception_ptr first(std::exception_ptr earlier, std::exception_ptr later) {
     return earlier != nullptr ? earlier : later;
 }
 
-std::exception_ptr waitForEnds(const std::vector<std::shared_ptr<Screen>>& screens) {
+template <class Screens>
+std::exception_ptr waitForEnds(const Screens& screens) {
     std::exception_ptr failure;
-    for (const auto& screen : screens) failure = first(failure, failureOf([&] { screen->end(); }));
+    for (const auto& [name, screen] : screens) failure = first(failure, failureOf([&one = *screen] { one.end(); }));
     return failure;
 }
 
@@ -55,7 +56,7 @@ public:
     // Lets go and, at the outermost, ends the screens that were taken out, unless that is left to awaitEnds. Throws what
     // their ends throw.
     void end() {
-        std::vector<std::shared_ptr<Screen>> leaving;
+        Leaving leaving;
         if (--hmi_.depth_ == 0 && !otxns::OtxContext::IsTellingOfStop()) leaving.swap(hmi_.leaving_);
         hmi_.mutex_.unlock();
         held_ = false;
@@ -89,26 +90,26 @@ void HMI::openDialog(const std::string& name, ScreenArguments::Values parameters
 // goes like one that was taken out: its thread may be in the middle of a message.
 COtxValue HMI::enter(const std::string& name, bool modal, const ScreenArguments& arguments) {
     Section section(*this);
-    const auto screen = std::make_shared<Screen>(ScreenHost(host_, context_.ContentLock(), name));
-    leaving_.push_back(screen);
+    auto screen = std::make_shared<Screen>(ScreenHost(host_, context_.ContentLock(), name));
+    const auto entered = leaving_.emplace(name, screen);
     screen->open(modal, arguments);
     // When a screen of the name is open, the host has heard of this one, and it goes without a word: this is meant.
     const auto [entry, isNew] = screens_.try_emplace(name, screen);
-    if (isNew) std::erase(leaving_, screen);
+    if (isNew) leaving_.erase(entered);
     COtxValue closed = entry->second->closedSource();
+    // Whoever lets go of a screen last may have to wait for its thread: not this one, which the host's answer may need.
+    screen.reset();
     section.end();
     return closed;
 }
 
 bool HMI::remove(const std::string& name) {
     Section section(*this);
-    const auto found = screens_.extract(name);
-    if (found) {
-        leaving_.push_back(found.mapped());
-        found.mapped()->leave();
-    }
+    const auto found = screens_.find(name);
+    const bool isOpen = found != screens_.end();
+    if (isOpen) takeOut(found);
     section.end();
-    return static_cast<bool>(found);
+    return isOpen;
 }
 
 bool HMI::closeScreen(const std::string& name) {
@@ -124,7 +125,7 @@ void HMI::closeAll() {
     std::exception_ptr failure;
     for (const auto& [name, screen] : open) {
         // The host may have come back with an end of it.
-        if (screens_.contains(name)) failure = first(failure, failureOf([&] { screen->closeScreen(); }));
+        if (screens_.contains(name)) failure = first(failure, failureOf([&one = *screen] { one.closeScreen(); }));
     }
     takeAllOut();
     failure = first(failure, failureOf([&] { section.end(); }));
@@ -140,11 +141,10 @@ void HMI::endAll() {
 void HMI::awaitEnds() { const Section section(*this); }
 
 void HMI::takeAllOut() {
-    for (const auto& [name, screen] : std::exchange(screens_, {})) {
-        leaving_.push_back(screen);
-        screen->leave();
-    }
+    while (!screens_.empty()) takeOut(screens_.begin());
 }
+
+void HMI::takeOut(Open::iterator screen) { leaving_.insert(screens_.extract(screen))->second->leave(); }
 
 bool HMI::highlight(const std::string& name) {
     const auto screen = getScreen(name);

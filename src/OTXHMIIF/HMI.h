@@ -8,7 +8,6 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <vector>
 
 namespace velkotx {
 class HostEventSink;
@@ -61,18 +60,22 @@ public:
 
 private:
     class Section;
+    using Open = std::map<std::string, std::shared_ptr<Screen>>;
+    // What is taken out moves there as it is, without memory: screens end also where there is none.
+    using Leaving = std::multimap<std::string, std::shared_ptr<Screen>>;
 
     COtxValue enter(const std::string& name, bool modal, const ScreenArguments& arguments);
     bool remove(const std::string& name);
     void takeAllOut();
+    void takeOut(Open::iterator screen);
 
     otxns::OtxContext& context_;
     const std::weak_ptr<velkotx::HostEventSink> host_;
     // Guards what follows.
     std::recursive_mutex mutex_;
-    std::map<std::string, std::shared_ptr<Screen>> screens_;
+    Open screens_;
     // Taken out, and not yet ended.
-    std::vector<std::shared_ptr<Screen>> leaving_;
+    Leaving leaving_;
     int depth_ = 0;
 };
 

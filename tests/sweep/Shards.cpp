@@ -4,6 +4,7 @@
 #include "Check.h"
 
 #include <sys/mman.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,7 +22,12 @@ namespace sweep {
 
 namespace {
 
+// The processor time that a case may take, and what it may under a sanitizer. A machine that does other things is given more.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr unsigned secondsForOneCase = 60;
+#else
+constexpr unsigned secondsForOneCase = 2;
+#endif
 constexpr std::size_t mostFailures = 10;
 
 // Written by the child, read by the parent once the child has ended.
@@ -100,11 +106,17 @@ private:
         std::exit(0);
     }
 
+    // The watchdog ends the process by its signal, when it is busy or when it waits.
+    static void watch() {
+        const itimerval limit{{0, 0}, {secondsForOneCase, 0}};
+        setitimer(ITIMER_PROF, &limit, nullptr);
+        alarm(30 * secondsForOneCase);
+    }
+
     void work(Share& share) const {
         std::vector<char> bytes;
         for (; mayGoOn(share); share.current += stride()) {
-            // The watchdog ends the process by its signal.
-            alarm(secondsForOneCase);
+            watch();
             cases_.make(share.current, bytes);
             ++share.totals.cases;
             const Judgement judgement = check(bytes);
@@ -112,7 +124,7 @@ private:
             share.totals.largestAllocation = std::max(share.totals.largestAllocation, judgement.largestAllocation);
             if (!judgement.failure.empty()) tell(share, judgement.failure);
         }
-        alarm(secondsForOneCase);
+        watch();
     }
 
     // Waits; false if the process died and its share goes on behind the case that it died of.

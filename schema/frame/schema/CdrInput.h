@@ -2,18 +2,30 @@
 #pragma once
 
 #include <ace/CDR_Stream.h>
+#include <ace/Message_Block.h>
 
 #include <cstddef>
 #include <span>
 
 namespace schema {
 
+// The block of such a stream, made without memory: the library wouldn't notice that there is none.
+class CdrBlock {
+protected:
+    explicit CdrBlock(std::span<const char> bytes)
+        : block_(bytes.size(), ACE_Message_Block::MB_DATA, bytes.empty() ? "" : bytes.data(), nullptr, nullptr,
+                 ACE_Message_Block::DONT_DELETE, nullptr) {}
+
+    ACE_Data_Block block_;
+};
+
 // The library's stream, which lets its reader step over bytes without a call: nearly all that a file holds is numbers of one
 // or four bytes.
-class CdrInput : public ACE_InputCDR {
+class CdrInput : private CdrBlock, public ACE_InputCDR {
 public:
     explicit CdrInput(std::span<const char> bytes)
-        : ACE_InputCDR(bytes.data(), bytes.size(), littleEndian, majorVersion, minorVersion) {}
+        : CdrBlock(bytes),
+          ACE_InputCDR(&block_, ACE_Message_Block::DONT_DELETE, 0, bytes.size(), littleEndian, majorVersion, minorVersion) {}
 
     // The next bytes, stepped over; null if fewer are left.
     const char* take(std::size_t size) {

@@ -3,6 +3,7 @@
 
 #include <schema/Arena.h>
 #include <schema/CdrInput.h>
+#include <schema/CdrMemory.h>
 #include <schema/Name.h>
 #include <schema/Records.h>
 #include <schema/core.h>
@@ -47,7 +48,8 @@ std::unique_ptr<Otx> readCompiled(std::span<const char> bytes, schema::FieldList
 }
 
 std::size_t writeCompiled(const Otx& document, std::ostream& out) {
-    ACE_OutputCDR output(defaultSize, littleEndian, nullptr, nullptr, nullptr, copyUpTo, majorVersion, minorVersion);
+    schema::CdrMemory memory;
+    ACE_OutputCDR output(defaultSize, littleEndian, &memory, &memory, &memory, copyUpTo, majorVersion, minorVersion);
     schema::OutputStream stream(output);
     schema::insertFields(stream, document, Otx::table());
     stream.flush();

@@ -43,9 +43,9 @@ std::unique_ptr<Otx> build(const xercesc::DOMElement& root, schema::flags f) {
 std::unique_ptr<Otx> otx(std::istream& stream, schema::flags f, const xsd::cxx::tree::properties<char>&) {
     std::optional<schema::XmlPlatform> platform;
     if ((f & schema::flags::dont_initialize) == 0) platform.emplace();
-    const auto document = schema::parseDom(stream);
-    if (document == nullptr || document->getDocumentElement() == nullptr) throw xsd::cxx::tree::parsing<char>();
-    return build(*document->getDocumentElement(), f);
+    const schema::Dom dom = schema::parseDom(stream);
+    if (dom.document == nullptr || dom.document->getDocumentElement() == nullptr) throw xsd::cxx::tree::parsing<char>();
+    return build(*dom.document->getDocumentElement(), f);
 }
 
 }  // namespace otxns

@@ -17,9 +17,11 @@
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <istream>
+#include <new>
 
 namespace schema {
 
@@ -43,6 +45,8 @@ namespace {
 // cost and the parser's own grow with the square of nesting and of one element's attributes.
 class BoundedParser : public xercesc::DOMLSParserImpl {
 public:
+    explicit BoundedParser(xercesc::MemoryManager& memory) : DOMLSParserImpl(nullptr, &memory) {}
+
     void startElement(const xercesc::XMLElementDecl& declaration, const unsigned int uri, const XMLCh* const prefix,
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, const XMLSize_t attributeCount,
                       const bool isEmpty, const bool isRoot) override {
@@ -84,6 +88,21 @@ private:
     std::size_t depth_ = 0;
 };
 
+// The stream as the parser reads it, made in the document's memory.
+class StreamSource : public xsd::cxx::xml::sax::std_input_source {
+public:
+    StreamSource(std::istream& stream, xercesc::MemoryManager& memory)
+        : std_input_source(stream), stream_(stream), memory_(memory) {}
+
+    xercesc::BinInputStream* makeStream() const override {
+        return new (&memory_) xsd::cxx::xml::sax::std_input_stream(stream_);
+    }
+
+private:
+    std::istream& stream_;
+    xercesc::MemoryManager& memory_;
+};
+
 void configure(xercesc::DOMConfiguration& configuration) {
     using xercesc::XMLUni;
     configuration.setParameter(XMLUni::fgDOMComments, false);
@@ -102,24 +121,27 @@ void configure(xercesc::DOMConfiguration& configuration) {
 
 }  // namespace
 
-XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream) {
-    BoundedParser parser;
+Dom parseDom(std::istream& stream) try {
+    Dom dom;
+    dom.memory = std::make_unique<XmlMemory>();
+    BoundedParser parser(*dom.memory);
     configure(*parser.getDomConfig());
 
     xsd::cxx::tree::error_handler<char> errors;
     xsd::cxx::xml::dom::bits::error_handler_proxy<char> proxy(errors);
     parser.getDomConfig()->setParameter(xercesc::XMLUni::fgDOMErrorHandler, &proxy);
 
-    xsd::cxx::xml::sax::std_input_source source(stream);
-    const xercesc::Wrapper4InputSource wrapper(&source, false);
-    XSD_DOM_AUTO_PTR<xercesc::DOMDocument> document;
+    StreamSource source(stream, *dom.memory);
+    const xercesc::Wrapper4InputSource wrapper(&source, false, dom.memory.get());
     try {
-        document.reset(parser.parse(&wrapper));
+        dom.document.reset(parser.parse(&wrapper));
     } catch (const xercesc::DOMLSException&) {
         // The diagnostics tell it.
     }
     errors.throw_if_failed<xsd::cxx::tree::parsing<char>>();
-    return document;
+    return dom;
+} catch (const xercesc::OutOfMemoryException&) {
+    throw std::bad_alloc();
 }
 
 }  // namespace schema

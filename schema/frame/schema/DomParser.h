@@ -2,10 +2,12 @@
 #pragma once
 
 #include <schema/Runtime.h>
+#include <schema/XmlMemory.h>
 
 #include <xsd/cxx/xml/dom/auto-ptr.hxx>
 
 #include <iosfwd>
+#include <memory>
 #include <string>
 
 namespace schema {
@@ -27,8 +29,14 @@ private:
     std::string reason_;
 };
 
+// A parsed document and what it lies in, which goes after it.
+struct Dom {
+    std::unique_ptr<XmlMemory> memory;
+    XSD_DOM_AUTO_PTR<xercesc::DOMDocument> document;
+};
+
 // Parses the stream to its end. Throws the tree's `parsing` with the parser's diagnostics for a document that isn't well
 // formed, RefusedInput for the above.
-XSD_DOM_AUTO_PTR<xercesc::DOMDocument> parseDom(std::istream& stream);
+Dom parseDom(std::istream& stream);
 
 }  // namespace schema

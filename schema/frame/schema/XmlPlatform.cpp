@@ -1,9 +1,11 @@
 // Serialises the XML parser's initialisation and termination.
 #include <schema/XmlPlatform.h>
 
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include <mutex>
+#include <new>
 
 namespace schema {
 
@@ -16,7 +18,7 @@ std::mutex& platformLock() {
 
 }  // namespace
 
-void XmlPlatform::initialise() {
+void XmlPlatform::initialise() try {
     const std::lock_guard guard(platformLock());
     static const bool kept = [] {
         xercesc::XMLPlatformUtils::Initialize();
@@ -24,6 +26,8 @@ void XmlPlatform::initialise() {
     }();
     static_cast<void>(kept);
     xercesc::XMLPlatformUtils::Initialize();
+} catch (const xercesc::OutOfMemoryException&) {
+    throw std::bad_alloc();
 }
 
 void XmlPlatform::terminate() {

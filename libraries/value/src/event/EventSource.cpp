@@ -5,6 +5,7 @@
 #include <otx/value/COtxString.h>
 
 #include <algorithm>
+#include <iterator>
 
 #include "OpenSources.h"
 
@@ -58,7 +59,7 @@ bool EventSource::Add(const COtxValue&) { return false; }
 void EventSource::deliver(const COtxValue&, const COtxValue&) {}
 
 void EventSource::Close() {
-    std::deque<COtxValue> dropped;
+    Queue dropped;
     {
         const std::lock_guard guard(sourceLock_);
         closed_ = true;
@@ -83,21 +84,24 @@ EventSource::Look EventSource::look(COtxValue& event) {
 std::optional<Clock::time_point> EventSource::deadline() const { return std::nullopt; }
 
 void EventSource::watch(const std::shared_ptr<Bell>& bell) {
+    const auto all = std::make_shared<Watchers>();
     const std::lock_guard guard(sourceLock_);
-    std::erase_if(watchers_, [](const auto& watcher) { return watcher.expired(); });
-    watchers_.push_back(bell);
+    if (watchers_ != nullptr)
+        std::copy_if(watchers_->begin(), watchers_->end(), std::back_inserter(*all),
+                     [](const auto& watcher) { return !watcher.expired(); });
+    all->push_back(bell);
+    watchers_ = all;
 }
 
 void EventSource::enqueue(COtxValue&& event) {
-    COtxValue dropped;
+    Queue added;
+    added.push_back(std::move(event));
+    Queue dropped;
     {
         const std::lock_guard guard(sourceLock_);
         if (closed_) return;
-        queue_.push_back(std::move(event));
-        if (queue_.size() > longestQueue_) {
-            dropped = std::move(queue_.front());
-            queue_.pop_front();
-        }
+        queue_.splice(queue_.end(), added);
+        if (queue_.size() > longestQueue_) dropped.splice(dropped.end(), queue_, queue_.begin());
     }
     ringAll();
 }
@@ -110,12 +114,13 @@ bool EventSource::isClosed() const {
 void EventSource::ringAll() {
     // Rung without the lock, which the woken thread wants at once.
     bell_->ring();
-    std::vector<std::weak_ptr<Bell>> watchers;
+    std::shared_ptr<const Watchers> watchers;
     {
         const std::lock_guard guard(sourceLock_);
         watchers = watchers_;
     }
-    for (const auto& watcher : watchers) {
+    if (watchers == nullptr) return;
+    for (const auto& watcher : *watchers) {
         if (const auto bell = watcher.lock()) bell->ring();
     }
 }

@@ -4,10 +4,11 @@
 #include <otx/event/IEvent.h>
 #include <otx/event/IEventSource.h>
 #include <otx/value/COtxValue.h>
+#include <otx/value/Pool.h>
 
 #include <chrono>
 #include <condition_variable>
-#include <deque>
+#include <list>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -49,6 +50,7 @@ public:
     void Put(const COtxValue& value) override;
     void Signal() override;
     bool Add(const COtxValue& source) override;
+    // Needs no memory, and so never throws.
     void Close() override;
 
     // Delivers an event of the source's own kind.
@@ -67,18 +69,22 @@ protected:
     explicit EventSource(std::size_t ownLongestQueue = longestQueue);
 
     void enqueue(COtxValue&& event);
+    // Wakes all who wait; never throws.
+    void ringAll();
     const std::shared_ptr<Bell>& bell() const noexcept { return bell_; }
 
 private:
-    void ringAll();
+    // A list, unlike other queues, is handed over without memory.
+    using Queue = std::list<COtxValue, PoolAllocator<COtxValue>>;
+    using Watchers = std::vector<std::weak_ptr<Bell>>;
 
     const std::size_t longestQueue_;
     // Guards what follows, up to watchers_.
     mutable std::mutex sourceLock_;
-    std::deque<COtxValue> queue_;
+    Queue queue_;
     bool closed_ = false;
-    // Of multi-sources that this is a member of.
-    std::vector<std::weak_ptr<Bell>> watchers_;
+    // Of multi-sources that this is a member of; null for none. Replaced as a whole.
+    std::shared_ptr<const Watchers> watchers_;
 
     // For those who wait on this source itself.
     const std::shared_ptr<Bell> bell_ = std::make_shared<Bell>();

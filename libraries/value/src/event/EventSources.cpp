@@ -28,9 +28,10 @@ class ScreenClosedSource final : public KindSource {
 public:
     ScreenClosedSource() : KindSource(OTX::EventKind::ScreenClosed) {}
 
+    // Needs no memory: the event is made when somebody looks.
     void Signal() override {
         gone_ = true;
-        KindSource::Signal();
+        ringAll();
     }
     Look look(COtxValue& event) override {
         const Look found = KindSource::look(event);

@@ -35,18 +35,19 @@ void OpenSources::remove(EventSource* source) noexcept {
     sources_.erase(source);
 }
 
-std::vector<std::shared_ptr<EventSource>> OpenSources::ofGroup(std::thread::id thread) {
-    // A thread in no group is a group of its own.
-    const std::thread::id root = COtxEventSource::ThreadGroup().RootOf(thread).value_or(thread);
-    std::vector<std::shared_ptr<EventSource>> found;
+// A thread in no group is a group of its own.
+std::thread::id OpenSources::rootOf(std::thread::id thread) {
+    return COtxEventSource::ThreadGroup().RootOf(thread).value_or(thread);
+}
+
+std::shared_ptr<EventSource> OpenSources::next(std::thread::id root, EventSource* after) {
     const std::lock_guard guard(sourcesLock_);
-    // At once, since a source that has to be let go of here would wait for the lock.
-    found.reserve(sources_.size());
-    for (const auto& [address, entry] : sources_) {
+    for (auto found = sources_.upper_bound(after); found != sources_.end(); ++found) {
+        const Entry& entry = found->second;
         if (entry.root != root || (entry.lifeOfThread && entry.lifeOfThread->expired())) continue;
-        if (auto source = entry.source.lock()) found.push_back(std::move(source));
+        if (auto source = entry.source.lock()) return source;
     }
-    return found;
+    return nullptr;
 }
 
 }  // namespace otx
@@ -59,11 +60,11 @@ HvtUtil::ThreadGroup& COtxEventSource::ThreadGroup() {
 
 void COtxEventSource::PutAll(std::thread::id thread, const COtxValue& value, const COtxValue& param) {
     const COtxValue name = param.Type() == OTX::ValueType::String ? param : COtxString();
-    for (const auto& source : otx::OpenSources::instance().ofGroup(thread)) source->deliver(name, value);
+    otx::OpenSources::instance().forGroup(thread, [&](otx::EventSource& source) { source.deliver(name, value); });
 }
 
 void COtxEventSource::CloseAll(std::thread::id thread) {
-    for (const auto& source : otx::OpenSources::instance().ofGroup(thread)) source->Close();
+    otx::OpenSources::instance().forGroup(thread, [](otx::EventSource& source) { source.Close(); });
 }
 
 bool COtxEventSource::IsClosed(const COtxValue& source) {

@@ -1,13 +1,13 @@
 // All event sources of the process with the thread groups they belong to.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <thread>
-#include <unordered_map>
 #include <utility>
-#include <vector>
 
 #include "../Make.h"
 #include "EventSource.h"
@@ -22,8 +22,13 @@ public:
     // Enters a source under the group of the calling thread.
     void add(const std::shared_ptr<EventSource>& source);
     void remove(EventSource* source) noexcept;
-    // The sources of the group that the thread is in.
-    std::vector<std::shared_ptr<EventSource>> ofGroup(std::thread::id thread);
+    // Does something with each source of the group that the thread is in, with no lock held. Needs no memory of its own: a run
+    // is cancelled also where there is none.
+    template <class Action>
+    void forGroup(std::thread::id thread, const Action& action) {
+        const std::thread::id root = rootOf(thread);
+        for (auto source = next(root, nullptr); source != nullptr; source = next(root, source.get())) action(*source);
+    }
 
 private:
     struct Entry {
@@ -33,9 +38,13 @@ private:
         std::weak_ptr<EventSource> source;
     };
 
+    static std::thread::id rootOf(std::thread::id thread);
+    // The first one of the group behind that address; null for none.
+    std::shared_ptr<EventSource> next(std::thread::id root, EventSource* after);
+
     // Guards sources_.
     std::mutex sourcesLock_;
-    std::unordered_map<EventSource*, Entry> sources_;
+    std::map<EventSource*, Entry, std::less<>> sources_;
 };
 
 // Makes a source and enters it.

@@ -1,0 +1,31 @@
+// Memory that refuses, and what is in use of it.
+#pragma once
+
+#include <cstddef>
+
+namespace faults {
+
+// What operator new has given and nobody has given back, in the whole process.
+struct MemoryInUse {
+    std::size_t blocks = 0;
+    std::size_t bytes = 0;
+
+    bool operator==(const MemoryInUse&) const = default;
+};
+MemoryInUse memoryInUse() noexcept;
+
+// While it lives, one call of operator new throws std::bad_alloc: the n-th, of whatever thread, counted from 1. Or that one
+// and all that follow. One at a time.
+class FailingMemory {
+public:
+    enum class Extent { one, onwards };
+
+    FailingMemory(std::size_t failAt, Extent extent) noexcept;
+    ~FailingMemory();
+    FailingMemory(const FailingMemory&) = delete;
+    FailingMemory& operator=(const FailingMemory&) = delete;
+
+    bool hasFailed() const noexcept;
+};
+
+}  // namespace faults
