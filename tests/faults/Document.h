@@ -6,6 +6,8 @@
 
 #include <velkotx/Sequencer.h>
 
+#include <cxxabi.h>
+
 #include <memory>
 #include <string>
 
@@ -23,6 +25,8 @@ Attempt withoutMemory(std::size_t place, FailingMemory::Extent extent, const Wor
     const FailingMemory memory(place, extent);
     try {
         work();
+    } catch (abi::__forced_unwind&) {
+        throw;
     } catch (...) {
         attempt.failure = std::current_exception();
     }

@@ -5,6 +5,8 @@
 #include <otx/value/COtxException.h>
 #include <otx/value/COtxValue.h>
 
+#include <cxxabi.h>
+
 #include <atomic>
 #include <stdexcept>
 
@@ -65,6 +67,8 @@ std::vector<Series> refusingHost(const std::string& document) {
             host->refuse(place);
             try {
                 (*last)->Run("main", COtxValue(), false);
+            } catch (abi::__forced_unwind&) {
+                throw;
             } catch (...) {
                 attempt.failure = std::current_exception();
             }

@@ -5,6 +5,7 @@
 
 #include <velkotx/Exceptions.h>
 
+#include <cxxabi.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -108,6 +109,8 @@ private:
         try {
             const std::string result = series_.repeat();
             repetition_.assign(result);
+        } catch (abi::__forced_unwind&) {
+            throw;
         } catch (...) {
             const std::string failure = stated(std::current_exception());
             repetition_.assign(failure);
@@ -141,6 +144,8 @@ std::string stated(const std::exception_ptr& failure) {
     } catch (int number) {
         // Only the host's own.
         return "the number " + std::to_string(number);
+    } catch (abi::__forced_unwind&) {
+        throw;
     } catch (...) {
         return "";
     }

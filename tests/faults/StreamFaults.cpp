@@ -3,6 +3,8 @@
 #include "Document.h"
 #include "Parts.h"
 
+#include <cxxabi.h>
+
 #include <istream>
 #include <ostream>
 #include <sstream>
@@ -21,6 +23,8 @@ template <class Work>
 std::exception_ptr failureOf(const Work& work) {
     try {
         work();
+    } catch (abi::__forced_unwind&) {
+        throw;
     } catch (...) {
         return std::current_exception();
     }

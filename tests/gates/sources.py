@@ -16,6 +16,11 @@ SIZED = {
     ("schema/frame/schema/CompiledForm.cpp", "bytes.reserve(initialSize)"): "a constant",
     ("schema/frame/schema/Name.cpp", "new Name[remembered]"): "a constant",
     ("schema/frame/schema/Arena.cpp", "new std::byte[size]"): "the caller's size of a block",
+    ("schema/frame/schema/CdrMemory.h", "malloc(std::size_t size)"): "of a stream that is written: what the document has",
+    ("schema/frame/schema/CdrMemory.h", "calloc(std::size_t size, char initialValue)"): "the same",
+    ("schema/frame/schema/CdrMemory.h", "malloc(size)"): "the same",
+    ("schema/frame/schema/CdrMemory.h", "calloc(std::size_t count, std::size_t size, char initialValue)"): "the same",
+    ("schema/frame/schema/CdrMemory.h", "calloc(count * size, initialValue)"): "the same",
 }
 
 # What a reader from outside can't look up, or what holds on one machine only.
