@@ -4,18 +4,20 @@
 #include "program/Inputs.h"
 #include "program/UsageError.h"
 
+#include <velkotx/DocumentException.h>
 #include <velkotx/Sequencer.h>
 
 #include <cxxabi.h>
 
+#include <cstddef>
 #include <istream>
 
 namespace velkotx::host {
 
 namespace {
 
-Outcome unloadable(const char* reason) {
-    return {Outcome::Kind::unloadable, COtxValue(), reason, {}};
+Outcome unloadable(const char* reason, std::size_t line = 0, std::size_t column = 0) {
+    return {Outcome::Kind::unloadable, COtxValue(), reason, {}, line, column};
 }
 
 template <class Open>
@@ -24,6 +26,8 @@ Loaded attempt(const Open& open) {
         return open();
     } catch (const UsageError&) {
         throw;
+    } catch (const DocumentException& error) {
+        return unloadable(error.what(), error.line(), error.column());
     } catch (const std::exception& error) {
         return unloadable(error.what());
     } catch (abi::__forced_unwind&) {

@@ -4,10 +4,10 @@
 #include <schema/Document.h>
 #include <schema/DocumentOwner.h>
 #include <schema/core.h>
+#include <velkotx/DocumentException.h>
 
 #include <locale>
 #include <sstream>
-#include <stdexcept>
 
 namespace otxns {
 
@@ -25,15 +25,16 @@ std::string printed(const schema::Exception& failure) {
 
 void Sequencer_impl::LoadXML(std::istream& document) {
     OTX_TRACE(4, "");
+    schema::Place place;
     try {
         const xsd::cxx::tree::properties<char> properties;
         const StackUse use;
-        auto tree = otxns::otx(document, schema::flags::dont_validate, properties);
+        auto tree = otxns::otx(document, schema::flags::dont_validate, properties, &place);
         otx = ownDocument(std::move(tree), use);
     } catch (schema::Exception& failure) {
         const std::string cause = printed(failure);
         OTX_TRACE(0, cause);
-        throw std::runtime_error("VelkOTX XML Parsing Exception: " + cause);
+        throw velkotx::DocumentException("VelkOTX XML Parsing Exception: " + cause, place.line, place.column);
     }
 }
 
