@@ -9,15 +9,18 @@
 
 #include <cxxabi.h>
 
-#include <cstddef>
 #include <istream>
 
 namespace velkotx::host {
 
 namespace {
 
-Outcome unloadable(const char* reason, std::size_t line = 0, std::size_t column = 0) {
-    return {Outcome::Kind::unloadable, COtxValue(), reason, {}, line, column};
+Outcome unloadable(const char* reason) {
+    return {Outcome::Kind::unloadable, COtxValue(), reason, {}};
+}
+
+Outcome unloadable(const DocumentException& error) {
+    return {Outcome::Kind::unloadable, COtxValue(), error.what(), {}, error.line(), error.column(), error.suggestion()};
 }
 
 template <class Open>
@@ -27,7 +30,7 @@ Loaded attempt(const Open& open) {
     } catch (const UsageError&) {
         throw;
     } catch (const DocumentException& error) {
-        return unloadable(error.what(), error.line(), error.column());
+        return unloadable(error);
     } catch (const std::exception& error) {
         return unloadable(error.what());
     } catch (abi::__forced_unwind&) {

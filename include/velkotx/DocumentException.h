@@ -13,7 +13,8 @@ namespace velkotx {
 // so that a host can print it the way its users' editors expect. May be copied and read on any thread.
 class OTX_API DocumentException : public std::runtime_error {
 public:
-    DocumentException(const std::string& what, std::size_t line, std::size_t column);
+    DocumentException(const std::string& what, std::size_t line, std::size_t column,
+                      const std::string& suggestion = {});
     DocumentException(const DocumentException&) = default;
     ~DocumentException() override;
 
@@ -24,9 +25,14 @@ public:
     std::size_t line() const noexcept { return line_; }
     std::size_t column() const noexcept { return column_; }
 
+    // For an unknown type, the known one that was perhaps meant, as UTF-8: "Assignment", or "namespace#name" of one in
+    // another namespace. Empty where there is none. Lives as long as the exception.
+    const char* suggestion() const noexcept { return suggestion_.c_str(); }
+
 private:
     std::size_t line_;
     std::size_t column_;
+    std::string suggestion_;
 };
 
 }  // namespace velkotx

@@ -12,8 +12,9 @@ BoundaryException::~BoundaryException() = default;
 OTXRuntimeException::~OTXRuntimeException() = default;
 OTXSequenceException::~OTXSequenceException() = default;
 
-DocumentException::DocumentException(const std::string& what, std::size_t line, std::size_t column)
-    : std::runtime_error(what), line_(line), column_(column) {}
+DocumentException::DocumentException(const std::string& what, std::size_t line, std::size_t column,
+                                     const std::string& suggestion)
+    : std::runtime_error(what), line_(line), column_(column), suggestion_(suggestion) {}
 
 DocumentException::~DocumentException() = default;
 

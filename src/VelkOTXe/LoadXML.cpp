@@ -3,6 +3,7 @@
 #include <VelkOTXe/Sequencer_impl.h>
 #include <schema/Document.h>
 #include <schema/DocumentOwner.h>
+#include <schema/Suggestion.h>
 #include <schema/core.h>
 #include <velkotx/DocumentException.h>
 
@@ -21,6 +22,12 @@ std::string printed(const schema::Exception& failure) {
     return out.str();
 }
 
+// What the author may have meant; empty for most failures.
+std::string suggestionFor(const schema::Exception& failure) {
+    const auto* const unknown = dynamic_cast<const xsd::cxx::tree::no_type_info<char>*>(&failure);
+    return unknown == nullptr ? std::string() : schema::typeLike(unknown->type_name(), unknown->type_namespace());
+}
+
 }  // namespace
 
 void Sequencer_impl::LoadXML(std::istream& document) {
@@ -34,7 +41,8 @@ void Sequencer_impl::LoadXML(std::istream& document) {
     } catch (schema::Exception& failure) {
         const std::string cause = printed(failure);
         OTX_TRACE(0, cause);
-        throw velkotx::DocumentException("VelkOTX XML Parsing Exception: " + cause, place.line, place.column);
+        throw velkotx::DocumentException("VelkOTX XML Parsing Exception: " + cause, place.line, place.column,
+                                         suggestionFor(failure));
     }
 }
 
