@@ -43,10 +43,10 @@ using Place = std::pair<std::size_t, std::size_t>;
 
 constexpr Place unknown{0, 0};
 
-// Where the text says "!": the mark is taken out before the document is loaded.
+// Where the text says "^": the mark is taken out before the document is loaded.
 struct Marked {
     explicit Marked(std::string marked) : text(std::move(marked)) {
-        const std::size_t at = text.find('!');
+        const std::size_t at = text.find('^');
         text.erase(at, 1);
         const std::size_t line = text.rfind('\n', at);
         place = {1 + static_cast<std::size_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')),
@@ -88,7 +88,7 @@ TEST(LoadFailure, IsARuntimeErrorToHostsThatKnowNoMore) {
 
 TEST(LoadFailure, AMisspeltAttributeIsWhereItsElementBegins) {
     const Marked document(assignment("<realisation xsi:type=\"Assignment\">" + result +
-                                     "!<term xsi:type=\"IntegerValue\"\n\n valueof=\"r\"/></realisation>"));
+                                     "^<term xsi:type=\"IntegerValue\"\n\n valueof=\"r\"/></realisation>"));
     const Failure failure = failureOf(document.text);
     EXPECT_EQ(failure.what, prefix + "expected attribute 'valueOf'");
     EXPECT_EQ(failure.place, document.place);
@@ -97,20 +97,20 @@ TEST(LoadFailure, AMisspeltAttributeIsWhereItsElementBegins) {
 
 TEST(LoadFailure, AMisspeltElementIsItself) {
     const Marked document(assignment("<realisation xsi:type=\"Assignment\">" + result +
-                                     "!<terme xsi:type=\"IntegerLiteral\" value=\"1\"/></realisation>"));
+                                     "^<terme xsi:type=\"IntegerLiteral\" value=\"1\"/></realisation>"));
     const Failure failure = failureOf(document.text);
     EXPECT_EQ(failure.what, prefix + "expected element 'http://iso.org/OTX/1.0.0#term'");
     EXPECT_EQ(failure.place, document.place);
 }
 
 TEST(LoadFailure, AnElementThatIsMissingAltogetherIsWhereItsOwnerBegins) {
-    const Marked document(assignment("!<realisation xsi:type=\"Assignment\">" + result + "</realisation>"));
+    const Marked document(assignment("^<realisation xsi:type=\"Assignment\">" + result + "</realisation>"));
     EXPECT_EQ(failureOf(document.text).place, document.place);
 }
 
 TEST(LoadFailure, AValueIsWhereItsElementBegins) {
     const Marked document(assignment("<realisation xsi:type=\"Assignment\">" + result +
-                                     "\n!<term xsi:type=\"IntegerLiteral\" value=\"one\"/></realisation>"));
+                                     "\n^<term xsi:type=\"IntegerLiteral\" value=\"one\"/></realisation>"));
     EXPECT_EQ(failureOf(document.text).place, document.place);
 }
 
@@ -121,7 +121,7 @@ TEST(LoadFailure, TheRootHasAPlaceToo) {
 
 TEST(LoadFailure, WhateverStandsAheadIsCounted) {
     const Marked document(inFlow("<!-- <action/> -->\n<?go <on/> ?>\r\n<action id=\"&lt;1&#10;&gt;\"><specification>"
-                                 "<![CDATA[<action/>\n]]>&amp;\n</specification></action><action id=\"b\"\n/>\t!<action/>"));
+                                 "<![CDATA[<action/>\n]]>&amp;\n</specification></action><action id=\"b\"\n/>\t^<action/>"));
     const Failure failure = failureOf(document.text);
     EXPECT_EQ(failure.what, prefix + "expected attribute 'id'");
     EXPECT_EQ(failure.place, document.place);
