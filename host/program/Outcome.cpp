@@ -58,6 +58,8 @@ std::string toJson(const Outcome& outcome) {
     } else {
         object.add("what", jsonText(outcome.what));
         object.add("text", jsonText(outcome.text));
+        if (outcome.line != 0)
+            object.add("line", std::to_string(outcome.line)).add("column", std::to_string(outcome.column));
     }
     return object.text();
 }

@@ -3,6 +3,7 @@
 
 #include <otx/value/COtxValue.h>
 
+#include <cstddef>
 #include <string>
 
 namespace velkotx {
@@ -18,6 +19,11 @@ struct Outcome {
     COtxValue out;     // finished: the map of the out parameters
     std::string what;  // all others: the failure's name or words
     std::string text;  // exception and failed: what else it says, may be empty
+
+    // unloadable: where in the document, from 1, 0 where nobody knows; the name that was perhaps meant, may be empty
+    std::size_t line = 0;
+    std::size_t column = 0;
+    std::string suggestion{};
 };
 
 // "finished", "exception", "failed", "cancelled", "unloadable".

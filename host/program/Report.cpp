@@ -47,7 +47,11 @@ Outcome printable(const Outcome& outcome, std::string& json) {
 void printFailure(const Outcome& outcome, const std::string& document, std::ostream& err) {
     const Paint paint = Paint::forStandardError();
     const bool loading = outcome.kind == Outcome::Kind::unloadable;
-    const PlacedMessage placed = loading ? takePlace(inWords(outcome)) : PlacedMessage{"", inWords(outcome)};
+    PlacedMessage placed = loading ? takePlace(inWords(outcome)) : PlacedMessage{"", inWords(outcome)};
+    if (outcome.line != 0)
+        placed.place = ':' + std::to_string(outcome.line) + ':' + std::to_string(outcome.column);
+    if (!outcome.suggestion.empty())
+        placed.message += " (did you mean '" + outcome.suggestion + "'?)";
     err << oneLine(displayName(document)) << placed.place << ": " << paint.failure(oneLine(placed.message)) << '\n';
 }
 

@@ -72,4 +72,9 @@ TEST(Outcome, Unloadable) {
     EXPECT_EQ(exitStatus(outcome.kind), 2);
 }
 
+TEST(Outcome, UnloadableWithAPlace) {
+    const Outcome outcome{Outcome::Kind::unloadable, COtxValue(), "no document", {}, 12, 8, "document"};
+    EXPECT_EQ(toJson(outcome), R"({"outcome":"unloadable","what":"no document","text":"","line":12,"column":8})");
+}
+
 }  // namespace

@@ -56,6 +56,16 @@ TEST(Report, AFailureWithoutTextIsItsWhat) {
     EXPECT_EQ(reported.status, 3);
 }
 
+TEST(Report, ThePlaceStandsBehindTheDocumentsName) {
+    const Reported reported({Outcome::Kind::unloadable, COtxValue(), "no type 'Asignment'", "", 12, 8, "Assignment"});
+    EXPECT_EQ(reported.err, "doc.otx:12:8: no type 'Asignment' (did you mean 'Assignment'?)\n");
+}
+
+TEST(Report, APlaceInTheWordsIsntToldTwice) {
+    const Reported reported({Outcome::Kind::unloadable, COtxValue(), "Exception: :4:17 error: expected", "", 4, 17, ""});
+    EXPECT_EQ(reported.err, "doc.otx:4:17: Exception: expected\n");
+}
+
 TEST(Report, AFailureAsJsonKeepsItsLineForPeople) {
     const Reported reported({Outcome::Kind::cancelled, COtxValue(), "cancelled", ""}, true);
     EXPECT_EQ(reported.out, "{\"outcome\":\"cancelled\",\"what\":\"cancelled\",\"text\":\"\"}\n");

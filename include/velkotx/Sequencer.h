@@ -67,8 +67,8 @@ public:
 };
 
 // Reads a document, as XML when its first word is "<?xml", else in the compiled form, and makes its Sequencer. The
-// stream is read to its end and not kept. Throws std::runtime_error, "VelkOTX XML Parsing Exception: " or
-// "VelkOTX CDR Parsing Exception: " and the cause.
+// stream is read to its end and not kept. Throws DocumentException, "VelkOTX XML Parsing Exception: " and the cause, or
+// std::runtime_error, "VelkOTX CDR Parsing Exception: " and the cause.
 OTX_API std::shared_ptr<Sequencer> CreateSequencer(std::istream& document);
 
 // The component's name, version and date. The references stay valid for the life of the process; the strings are only

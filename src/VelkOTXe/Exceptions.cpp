@@ -1,4 +1,5 @@
 // The exceptions of the boundary.
+#include <velkotx/DocumentException.h>
 #include <velkotx/Exceptions.h>
 #include <velkotx/LoopExceptions.h>
 
@@ -10,6 +11,12 @@ BoundaryException::BoundaryException(const std::string& what, const std::string&
 BoundaryException::~BoundaryException() = default;
 OTXRuntimeException::~OTXRuntimeException() = default;
 OTXSequenceException::~OTXSequenceException() = default;
+
+DocumentException::DocumentException(const std::string& what, std::size_t line, std::size_t column,
+                                     const std::string& suggestion)
+    : std::runtime_error(what), line_(line), column_(column), suggestion_(suggestion) {}
+
+DocumentException::~DocumentException() = default;
 
 LoopException::~LoopException() = default;
 BreakException::~BreakException() = default;

@@ -16,6 +16,7 @@ SIZED = {
     ("schema/frame/schema/CompiledForm.cpp", "bytes.reserve(initialSize)"): "a constant",
     ("schema/frame/schema/Name.cpp", "new Name[remembered]"): "a constant",
     ("schema/frame/schema/Arena.cpp", "new std::byte[size]"): "the caller's size of a block",
+    ("schema/frame/schema/Registry.cpp", "names.reserve(maps()"): "the types that there are",
     ("schema/frame/schema/CdrMemory.h", "malloc(std::size_t size)"): "of a stream that is written: what the document has",
     ("schema/frame/schema/CdrMemory.h", "calloc(std::size_t size, char initialValue)"): "the same",
     ("schema/frame/schema/CdrMemory.h", "malloc(size)"): "the same",

@@ -2,6 +2,7 @@
 #include "Outcome.h"
 
 #include <otx/value/IString.h>
+#include <velkotx/DocumentException.h>
 #include <velkotx/Exceptions.h>
 #include <velkotx/LoopExceptions.h>
 
@@ -15,8 +16,21 @@ namespace documents {
 
 namespace {
 
+nlohmann::ordered_json object(const char* outcome, const std::string& what, const std::string& text) {
+    return {{"outcome", outcome}, {"what", what}, {"text", text}};
+}
+
 std::string line(const char* outcome, const std::string& what, const std::string& text) {
-    return nlohmann::ordered_json{{"outcome", outcome}, {"what", what}, {"text", text}}.dump();
+    return object(outcome, what, text).dump();
+}
+
+std::string placedLine(const velkotx::DocumentException& failure) {
+    nlohmann::ordered_json made = object("unloadable", failure.what(), "");
+    if (failure.line() != 0) {
+        made["line"] = failure.line();
+        made["column"] = failure.column();
+    }
+    return made.dump();
 }
 
 }  // namespace
@@ -29,6 +43,8 @@ std::string finishedOutcome(const COtxValue& outParameters) {
 std::string unloadableOutcome() {
     try {
         throw;
+    } catch (const velkotx::DocumentException& failure) {
+        return placedLine(failure);
     } catch (const std::exception& failure) {
         return line("unloadable", failure.what(), "");
     } catch (abi::__forced_unwind&) {

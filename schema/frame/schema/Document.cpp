@@ -3,6 +3,7 @@
 
 #include <schema/Arena.h>
 #include <schema/DomParser.h>
+#include <schema/FailedElement.h>
 #include <schema/Name.h>
 #include <schema/Holders.h>
 #include <schema/Reader.h>
@@ -38,14 +39,40 @@ std::unique_ptr<Otx> build(const xercesc::DOMElement& root, schema::flags f) {
     throw xsd::cxx::tree::not_derived<char>(rootType.name, rootType.space, found.first, found.second);
 }
 
+// Parses the text; its own failures know their place.
+schema::Dom parse(std::istream& stream, schema::Place* failure) {
+    try {
+        return schema::parseDom(stream);
+    } catch (const schema::RefusedInput& refused) {
+        if (failure != nullptr) *failure = refused.place();
+        throw;
+    } catch (const xsd::cxx::tree::parsing<char>& unparsed) {
+        if (failure != nullptr && !unparsed.diagnostics().empty()) {
+            const auto& first = unparsed.diagnostics().front();
+            *failure = {first.line(), first.column()};
+        }
+        throw;
+    }
+}
+
 }  // namespace
 
-std::unique_ptr<Otx> otx(std::istream& stream, schema::flags f, const xsd::cxx::tree::properties<char>&) {
+std::unique_ptr<Otx> otx(std::istream& stream, schema::flags f, const xsd::cxx::tree::properties<char>&,
+                         schema::Place* failure) {
     std::optional<schema::XmlPlatform> platform;
     if ((f & schema::flags::dont_initialize) == 0) platform.emplace();
-    const schema::Dom dom = schema::parseDom(stream);
+    const auto begin = failure == nullptr || !stream.good() ? std::istream::pos_type(-1) : stream.tellg();
+    const schema::Dom dom = parse(stream, failure);
     if (dom.document == nullptr || dom.document->getDocumentElement() == nullptr) throw xsd::cxx::tree::parsing<char>();
-    return build(*dom.document->getDocumentElement(), f);
+    const auto& root = *dom.document->getDocumentElement();
+    const schema::FailedElement failed;
+    try {
+        return build(root, f);
+    } catch (const schema::Exception&) {
+        if (failure != nullptr)
+            *failure = schema::placeOf(failed.element() == nullptr ? root : *failed.element(), stream, begin);
+        throw;
+    }
 }
 
 }  // namespace otxns

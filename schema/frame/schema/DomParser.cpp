@@ -25,8 +25,7 @@
 
 namespace schema {
 
-RefusedInput::RefusedInput(unsigned long line, unsigned long column, std::string reason)
-    : line_(line), column_(column), reason_(std::move(reason)) {}
+RefusedInput::RefusedInput(Place place, std::string reason) : place_(place), reason_(std::move(reason)) {}
 
 RefusedInput::~RefusedInput() throw() = default;
 
@@ -36,7 +35,7 @@ const char* RefusedInput::what() const throw() {
 
 void RefusedInput::print(std::ostream& out) const {
     // Digits only, whatever the stream's locale would group.
-    out << ':' << std::to_string(line_) << ':' << std::to_string(column_) << " error: " << reason_;
+    out << ':' << std::to_string(place_.line) << ':' << std::to_string(place_.column) << " error: " << reason_;
 }
 
 namespace {
@@ -81,8 +80,9 @@ public:
 private:
     [[noreturn]] void refuse(std::string reason) {
         const auto* const locator = getScanner()->getLocator();
-        throw RefusedInput(static_cast<unsigned long>(locator->getLineNumber()),
-                           static_cast<unsigned long>(locator->getColumnNumber()), std::move(reason));
+        throw RefusedInput({static_cast<unsigned long>(locator->getLineNumber()),
+                            static_cast<unsigned long>(locator->getColumnNumber())},
+                           std::move(reason));
     }
 
     std::size_t depth_ = 0;

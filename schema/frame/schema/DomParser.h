@@ -1,6 +1,7 @@
 // The XML parser as documents are read with it: to a DOM, without validation, safe against hostile input.
 #pragma once
 
+#include <schema/Place.h>
 #include <schema/Runtime.h>
 #include <schema/XmlMemory.h>
 
@@ -16,16 +17,16 @@ namespace schema {
 // external files), nesting or attributes without bound.
 class RefusedInput : public Exception {
 public:
-    RefusedInput(unsigned long line, unsigned long column, std::string reason);
+    RefusedInput(Place place, std::string reason);
     ~RefusedInput() throw() override;
     const char* what() const throw() override;
+    Place place() const { return place_; }
 
 protected:
     void print(std::ostream& out) const override;
 
 private:
-    unsigned long line_;
-    unsigned long column_;
+    Place place_;
     std::string reason_;
 };
 

@@ -2,6 +2,7 @@
 #include <schema/Reader.h>
 
 #include <schema/DocumentOwner.h>
+#include <schema/FailedElement.h>
 #include <schema/Limits.h>
 #include <schema/Text.h>
 
@@ -55,8 +56,14 @@ private:
         while (child_ != nullptr && accept(table)) child_ = elementFrom(child_->getNextSibling());
         for (const Element& member : table.elements)
             if (member.operations->cardinality == Cardinality::one && !member.operations->present(member.holder(object_)))
-                throw xsd::cxx::tree::expected_element<char>(narrowView(elementNames()[member.name]),
-                                                             narrowView(namespaceNames()[member.space]));
+                refuseWithout(member);
+    }
+
+    // What stands where the member was expected is more likely the mistake than the element around it.
+    [[noreturn]] void refuseWithout(const Element& member) const {
+        if (child_ != nullptr) FailedElement::note(*child_);
+        throw xsd::cxx::tree::expected_element<char>(narrowView(elementNames()[member.name]),
+                                                     narrowView(namespaceNames()[member.space]));
     }
 
     bool accept(const ClassTable& table) {
@@ -86,6 +93,7 @@ private:
               TypeName memberType) {
         const Element& member = table.elements[index];
         if (!member.operations->take(holder, made)) {
+            FailedElement::note(*child_);
             const auto found = reader_.typeName(*child_, memberType);
             throw xsd::cxx::tree::not_derived<char>(member.memberType.name, member.memberType.space, found.first,
                                                     found.second);
@@ -223,11 +231,16 @@ NamespaceId Reader::space(const char16_t* pooled) {
 
 std::unique_ptr<type> Reader::create(const DomElement& element, Factory factory, TypeName memberType, flags f,
                                      container* owner) {
-    if (otx::stackIsLow()) throw NestedTooDeep(NestedTooDeep::Limit::stack);
-    otxns::StackUse::note();
-    const Scope scope(*this, element);
-    if (const Factory made = chosen(scope.typeAttribute, factory)) return made(element, f, owner);
-    throw xsd::cxx::tree::no_type_info<char>(memberType.name, memberType.space);
+    try {
+        if (otx::stackIsLow()) throw NestedTooDeep(NestedTooDeep::Limit::stack);
+        otxns::StackUse::note();
+        const Scope scope(*this, element);
+        if (const Factory made = chosen(scope.typeAttribute, factory)) return made(element, f, owner);
+        throw xsd::cxx::tree::no_type_info<char>(memberType.name, memberType.space);
+    } catch (const Exception&) {
+        FailedElement::note(element);
+        throw;
+    }
 }
 
 Factory Reader::chosen(const char16_t* typeAttribute, Factory factory) {

@@ -59,6 +59,13 @@ std::size_t registeredTypes() {
     return maps().byName.size();
 }
 
+std::vector<TypeName> registeredNames() {
+    std::vector<TypeName> names;
+    names.reserve(maps().byName.size());
+    for (const auto& [name, entry] : maps().byName) names.push_back(entry->name);
+    return names;
+}
+
 const Substitute* findSubstitute(std::uint8_t group, NameId name, NamespaceId space) {
     for (const Substitute& entry : maps().substitutes)
         if (entry.group == group && entry.name == name && entry.space == space) return &entry;

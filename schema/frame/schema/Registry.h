@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <typeinfo>
+#include <vector>
 
 namespace schema {
 
@@ -40,8 +41,9 @@ Factory findFactory(const std::string& name, const std::string& space);
 // A registered type by its name or by the class of its objects, null if there is none.
 const RegisteredType* findType(const std::string& name, const std::string& space);
 const RegisteredType* findType(const std::type_info& identity);
-// How many types are registered.
+// How many types are registered, and their names, in order.
 std::size_t registeredTypes();
+std::vector<TypeName> registeredNames();
 // The member of a substitution group that an element stands for, null if it is none.
 const Substitute* findSubstitute(std::uint8_t group, NameId name, NamespaceId space);
 

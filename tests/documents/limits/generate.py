@@ -42,8 +42,9 @@ def finished(value):
     return {"outcome": "finished", "out": {"r": value}}
 
 
-def unloadable(cause):
-    return {"outcome": "unloadable", "what": "VelkOTX XML Parsing Exception: " + cause, "text": ""}
+def unloadable(line, column, cause):
+    what = f"VelkOTX XML Parsing Exception: :{line}:{column} error: {cause}"
+    return {"outcome": "unloadable", "what": what, "text": "", "line": line, "column": column}
 
 
 def nested(levels):
@@ -90,12 +91,12 @@ FIRST_LINE = 5
 
 def too_deep():
     line = FIRST_LINE + LIMIT + 1 - AROUND_FLOW
-    return unloadable(f":{line}:{len('<x>') + 1} error: elements nested more than {LIMIT} deep")
+    return unloadable(line, len("<x>") + 1, f"elements nested more than {LIMIT} deep")
 
 
 def too_many(count):
     column = len(action_with(count)) + 1
-    return unloadable(f":{FIRST_LINE}:{column} error: more than {LIMIT} attributes in one element")
+    return unloadable(FIRST_LINE, column, f"more than {LIMIT} attributes in one element")
 
 
 DOCUMENTS = {
