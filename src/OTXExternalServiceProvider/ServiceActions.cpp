@@ -5,8 +5,10 @@
 #include <OTXExternalServiceProvider/HostServiceInterface.h>
 #include <Trace.h>
 #include <otx/diag/IServiceProvider.h>
+#include <otx/event/IEvent.h>
 #include <otx/provider/ServiceProviderFactory.h>
 #include <otx/value/COtxException.h>
+#include <otx/value/IException.h>
 #include <schema/ExternalServiceProvider.h>
 
 #include <map>
@@ -38,14 +40,27 @@ Cells cellsOf(const Arguments& arguments, otxns::OtxContext& context) {
     return cells;
 }
 
+constexpr const char* execution =
+    "ExternalServiceProvider::ExecuteService_impl<ExternalServiceProvider::ExecuteService_base>::exec";
+
+// The action looks at the kind of the event alone, and no term gives its value: the failure shows here or nowhere.
+void tellOfFailure(const std::string& service, const COtxValue& result) {
+    if (result.Type() != OTX::ValueType::Exception) return;
+    const OTX::IException& failure = result.Exception();
+    OTX_TRACE_AS(execution, 0, "Service '" << service << "' failed: " << failure.Name() << ": " << failure.Text());
+}
+
 // Whether there was an event isn't looked at: a closed source shows in the refusal of the empty value. This is meant.
-void waitForEnd(const COtxValue& service, otxns::OtxContext& context) {
-    const COtxValue source = service.ServiceProviderService().FinishedEventSource();
+void waitForEnd(const std::string& service, const COtxValue& handle, otxns::OtxContext& context) {
+    const COtxValue source = handle.ServiceProviderService().FinishedEventSource();
     COtxValue event;
     otxns::waitFor(source, event, context);
-    if (otxns::isOfKind(event.Event(), OTX::EventKind::ServiceExecutionFinished)) return;
-    OTX_TRACE_AS("ExternalServiceProvider::ExecuteService_impl<ExternalServiceProvider::ExecuteService_base>::exec", 0,
-                 "Unexpected event type fired during service execution");
+    const OTX::IEvent& end = event.Event();
+    if (otxns::isOfKind(end, OTX::EventKind::ServiceExecutionFinished)) {
+        tellOfFailure(service, end.Value());
+        return;
+    }
+    OTX_TRACE_AS(execution, 0, "Unexpected event type fired during service execution");
     throw COtxException(OTX::Exceptions_e::TypeMismatchException, "");
 }
 
@@ -79,7 +94,7 @@ void ExecuteService_impl<ExecuteService_base>::exec(otxns::OtxContext& context) 
     const COtxValue handle = provider.ServiceProvider().Execute(service(), in, inout, out);
     // Ahead of the wait, so that another lane may terminate the service.
     if (serviceHandle().present()) serviceHandle()->write(context, handle);
-    if (!isAsync) waitForEnd(handle, context);
+    if (!isAsync) waitForEnd(service(), handle, context);
 }
 
 template <>

@@ -5,8 +5,12 @@
 #include "TestProvider.h"
 
 #include <otx/log/CLog.h>
+#include <otx/provider/Provider.h>
+#include <otx/value/COtxException.h>
 
+#include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -78,6 +82,31 @@ TEST_F(ProviderTrace, TellsOfAnEventOfAnotherKind) {
     EXPECT_EQ(outcome_, "exception TypeMismatchException: ");
     EXPECT_EQ(lines, (std::vector<std::string>{
                          "0 " + exec("ExecuteService") + "Unexpected event type fired during service execution"}));
+}
+
+TEST_F(ProviderTrace, TellsOfAServiceThatFailsWhileItIsWaitedFor) {
+    class Broken final : public ExternalServiceProvider::Provider {
+        ExternalServiceProvider::ServiceWork Execute(const std::string& service,
+                                                     const ExternalServiceProvider::ProviderArguments&,
+                                                     const ExternalServiceProvider::ProviderVariables&) override {
+            return [service](const std::stop_token&) {
+                if (service == "Broken") throw std::runtime_error("broken inside");
+                if (service == "Dividing") throw COtxException(OTX::Exceptions_e::ArithmeticException, "by zero");
+            };
+        }
+    };
+    ExternalServiceProvider::RegisterProviderType("T", [](const auto&, const auto&, const auto&) {
+        return ExternalServiceProvider::MakeProvider(std::make_shared<Broken>());
+    });
+    const auto lines = linesOf(createProvider("a1", "p", "T") + executeService("a2", "p", "Sound") +
+                                   executeService("a3", "p", "Broken") + executeService("a4", "p", "Dividing"),
+                               0);
+    ExternalServiceProvider::UnregisterProviderType("T");
+    EXPECT_EQ(outcome_, "{}") << "the sequence hears nothing of it";
+    EXPECT_EQ(lines, (std::vector<std::string>{
+                         "0 " + exec("ExecuteService") +
+                             "Service 'Broken' failed: ProviderServiceException: Service: broken inside",
+                         "0 " + exec("ExecuteService") + "Service 'Dividing' failed: ArithmeticException: by zero"}));
 }
 
 }  // namespace
