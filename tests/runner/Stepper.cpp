@@ -26,9 +26,24 @@ Stepper::~Stepper() {
 void Stepper::flowStopped(long long flowId) {
     {
         const std::lock_guard guard(queueLock_);
-        stoppedFlows_.push_back(flowId);
+        if (!firstFlow_) firstFlow_ = flowId;
+        if (flowId == *firstFlow_) stoppedFlows_.push_back(flowId);
     }
-    queueChanged_.notify_one();
+    if (flowId == *firstFlow_)
+        queueChanged_.notify_one();
+    else
+        step(flowId);
+}
+
+void Stepper::step(long long flowId) {
+    try {
+        sequencer_.Control("step", OTX::FromJSON("{\"flowId\":" + std::to_string(flowId) + "}"));
+    } catch (abi::__forced_unwind&) {
+        throw;
+    } catch (...) {
+        const std::lock_guard guard(queueLock_);
+        if (!failure_) failure_ = std::current_exception();
+    }
 }
 
 void Stepper::finish() {
@@ -50,13 +65,7 @@ void Stepper::work() {
         const long long flowId = stoppedFlows_.front();
         stoppedFlows_.pop_front();
         guard.unlock();
-        try {
-            sequencer_.Control("step", OTX::FromJSON("{\"flowId\":" + std::to_string(flowId) + "}"));
-        } catch (abi::__forced_unwind&) {
-            throw;
-        } catch (...) {
-            if (!failure_) failure_ = std::current_exception();
-        }
+        step(flowId);
         guard.lock();
     }
 }

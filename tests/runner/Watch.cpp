@@ -14,6 +14,8 @@ namespace {
 
 #if defined(__SANITIZE_THREAD__)
 constexpr unsigned secondsForADocument = 600;
+#elif defined(__SANITIZE_ADDRESS__)
+constexpr unsigned secondsForADocument = 300;
 #else
 constexpr unsigned secondsForADocument = 120;
 #endif

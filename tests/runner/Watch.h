@@ -8,7 +8,7 @@ namespace documents {
 // Installs the handlers, once.
 void watchForCrashes();
 
-// The document that runs from now on, which gets two minutes. An empty name for none.
+// The document that runs from now on, which gets two minutes, and more under a sanitizer. An empty name for none.
 void nowRunning(const std::string& name);
 
 }  // namespace documents
