@@ -24,8 +24,8 @@ constexpr const char* programFooter =
 
 constexpr const char* runFooter =
     "Exit status: 0 finished, 1 an OTX exception that the sequence didn't take, 2 bad usage or a\n"
-    "document that can't be loaded, 3 a runtime failure, 4 cancelled. Ctrl-C cancels the run, a\n"
-    "second one ends the program.\n"
+    "document that can't be loaded, 3 a runtime failure, 4 cancelled. Ctrl-C, SIGTERM and the hang-up\n"
+    "of the terminal cancel the run, a second Ctrl-C or SIGTERM ends the program.\n"
     "\n"
     "Examples:\n"
     "  velkotx run examples/04-sort.otx --arg 'responseTimes=[31,18,47,18,25]'\n"

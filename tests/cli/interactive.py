@@ -30,6 +30,11 @@ def example(name):
     return os.path.join(OPTIONS.examples, name)
 
 
+def take_signals():
+    for number in (signal.SIGINT, signal.SIGHUP):  # a background job's children ignore them
+        signal.signal(number, signal.SIG_DFL)
+
+
 class Running:
     """A started program whose standard error is read line by line."""
 
@@ -40,7 +45,7 @@ class Running:
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             text=True,
-            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),  # a background job's children ignore it
+            preexec_fn=take_signals,
         )
 
     def wait_for_line(self, text):
@@ -88,6 +93,15 @@ class CtrlC(unittest.TestCase):
             program.interrupt()
             status, _, _ = program.finish()
         self.assertEqual(status, 4)
+
+    def test_so_do_other_signals_that_end_programs(self):
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            with Running("run", example("07-soak-test.otx"), "--log", "3") as program:
+                program.wait_for_line(":Assigning: ")
+                program.process.send_signal(number)
+                status, out, err = program.finish()
+            self.assertEqual((status, out), (4, ""))
+            self.assertEqual(err[-1], example("07-soak-test.otx") + ": cancelled")
 
     def test_twice_ends_the_program(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -430,10 +444,11 @@ class AskedOperator(unittest.TestCase):
         self.assertIn("axle = 1\r\n", shown)
 
     def test_a_terminal_that_was_hung_up_answers_nothing(self):
-        with self.session("dialogs", hang_up=signal.SIG_IGN) as operator:
-            operator.wait_for("Enter goes on: ")
-            operator.hang_up()
-            self.assertEqual(operator.process.wait(), 4)
+        for hang_up in (signal.SIG_IGN, signal.SIG_DFL):
+            with self.session("dialogs", hang_up=hang_up) as operator:
+                operator.wait_for("Enter goes on: ")
+                operator.hang_up()
+                self.assertEqual(operator.process.wait(), 4)
 
 
 class Outputs(unittest.TestCase):
