@@ -19,6 +19,7 @@ void Conversation::take(const ScreenNews& news) {
             return close(news.screen, isCancelled_ ? "is gone: the run was cancelled" : "is gone: the run has closed it");
         case ScreenNews::Kind::settled: return close(news.screen, "is gone: it was answered elsewhere");
         case ScreenNews::Kind::cancelled: isCancelled_ = true; return;
+        case ScreenNews::Kind::waiting: return;  // there is somebody
     }
 }
 

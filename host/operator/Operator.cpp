@@ -3,6 +3,7 @@
 
 #include "operator/Attendant.h"
 #include "operator/OperatorInput.h"
+#include "rest/HostThread.h"
 
 #include <algorithm>
 #include <utility>
@@ -51,6 +52,7 @@ void Operator::tell(ScreenNews news) {
 }
 
 void Operator::work() {
+    const HostThread registered;
     for (;;) {
         const bool isOver = isOver_;  // ahead of the last look into the inbox
         takeNews();

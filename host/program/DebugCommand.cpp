@@ -9,6 +9,7 @@
 #include "program/SetUp.h"
 #include "program/debug/Debugger.h"
 #include "program/debug/LineReader.h"
+#include "rest/HostThread.h"
 
 #include <velkotx/Sequencer.h>
 
@@ -53,6 +54,7 @@ int debug(const DebugOptions& options, const Streams& streams) {
     sequencer.reset();
 
     const InterruptsBlocked blocked;
+    const HostThread registered;  // the runs have threads of their own
     Debugger debugger({options.document, options.procedure, document, nodes, setUp}, streams);
     return converse(debugger, *makeLineReader(streams.in), streams);
 }

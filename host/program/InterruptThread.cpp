@@ -1,6 +1,8 @@
 // Takes signals on a thread of its own.
 #include "program/InterruptThread.h"
 
+#include "rest/HostThread.h"
+
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/signalfd.h>
@@ -78,6 +80,7 @@ InterruptThread::~InterruptThread() {
 }
 
 void InterruptThread::watch() const {
+    const HostThread registered;
     pollfd waited[] = {{interrupted_, POLLIN, 0}, {over_, POLLIN, 0}};
     for (;;) {
         while (poll(waited, 2, -1) < 0 && errno == EINTR) {

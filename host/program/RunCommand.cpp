@@ -13,6 +13,7 @@
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
 #include "program/script/ScriptedHost.h"
+#include "rest/RestWatch.h"
 
 #include <velkotx/Sequencer.h>
 
@@ -59,12 +60,14 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     });
     theOperator.start();
     host.start();
+    std::optional<RestWatch> rest(std::in_place, [&] { host.rests(); });
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+    rest.reset();
     host.finish();
     theOperator.finish();
     letLogAhead();
     // A run that is cancelled in its last statement comes to its end all the same.
-    if ((isInterrupted || theOperator.hasFailed()) && outcome.kind == Outcome::Kind::finished)
+    if ((isInterrupted || theOperator.hasFailed() || host.hasFailed()) && outcome.kind == Outcome::Kind::finished)
         return {Outcome::Kind::cancelled, COtxValue(), "cancelled", {}};
     return outcome;
 }

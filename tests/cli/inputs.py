@@ -178,7 +178,56 @@ def closing(_):
     return operator_procedure(flow, [], variable("monitor", "hmi:Screen"))
 
 
+def open_screen(identity, screen, handle, arguments=""):
+    content = f'<hmi:screenHandle name="{handle}"/>' + (f"<hmi:arguments>{arguments}</hmi:arguments>" if arguments else "")
+    return action(identity, f'<realisation xsi:type="hmi:OpenScreen" screen="{screen}">{content}</realisation>')
+
+
+def wait(identity, source_type, content):
+    source = f'<event:source xsi:type="{source_type}">{content}</event:source>'
+    return action(identity, f'<realisation xsi:type="event:WaitForEvent">{source}</realisation>')
+
+
+def wait_for_closing(identity, handle):
+    return wait(identity, "hmi:ScreenClosedEventSource", f'<hmi:screen xsi:type="hmi:ScreenValue" valueOf="{handle}"/>')
+
+
+def given_value(_):
+    """Waits until somebody sets what a screen gives out."""
+    bound = '<hmi:outArg param="axle"><hmi:variable xsi:type="IntegerVariable" name="axle"/></hmi:outArg>'
+    flow = open_screen("a1", "Settings", "settings", bound) + wait(
+        "a2", "event:MonitorChangeEventSource", '<event:variable xsi:type="IntegerVariable" name="axle"/>'
+    )
+    return operator_procedure(flow, [("axle", "Integer")], variable("settings", "hmi:Screen"))
+
+
+def closings(_):
+    """Three screens; waits for the closing of the second, then for that of the first."""
+    names = ("first", "second", "third")
+    flow = "".join(open_screen(f"a-{name}", name, name) for name in names)
+    flow += wait_for_closing("w1", "second") + wait_for_closing("w2", "first")
+    return operator_procedure(flow, [], "".join(variable(name, "hmi:Screen") for name in names))
+
+
+def timer(_):
+    """A screen that stays open while the sequence waits for its timer, a while in each of two lanes."""
+    pause = '<event:timeout xsi:type="IntegerLiteral" value="{}"/>'
+    lanes = "".join(
+        f'<lane id="l{number}">{wait(f"w{number}", "event:TimerExpiredEventSource", pause.format(number * 400))}</lane>'
+        for number in (1, 2)
+    )
+    flow = (
+        open_screen("a1", "Monitor", "monitor")
+        + f'<parallel id="x"><realisation>{lanes}</realisation></parallel>'
+        + action("a3", '<realisation xsi:type="hmi:CloseScreen"><hmi:screen name="monitor"/></realisation>')
+    )
+    return operator_procedure(flow, [], variable("monitor", "hmi:Screen"))
+
+
 GENERATORS = {
+    "given-value": given_value,
+    "closings": closings,
+    "timer": timer,
     "dialogs": dialogs,
     "screens": screens,
     "closing": closing,

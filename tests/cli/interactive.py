@@ -194,6 +194,12 @@ class Session:
     def say(self, text):
         os.write(self.outer, text.encode())
 
+    def keep_output(self):
+        """Ctrl-C shall drop nothing: what the program answers may come ahead of the dropping."""
+        attributes = termios.tcgetattr(self.outer)
+        attributes[3] |= termios.NOFLSH
+        termios.tcsetattr(self.outer, termios.TCSANOW, attributes)
+
     def read(self):
         """More of the output; False at its end."""
         try:
@@ -370,6 +376,7 @@ class AskedOperator(unittest.TestCase):
     def test_ctrl_c_cancels_while_a_prompt_waits(self):
         with self.session("dialogs") as operator:
             operator.wait_for("Enter goes on: ")
+            operator.keep_output()
             operator.say(Session.CTRL_C)
             status, shown = operator.finish()
         self.assertEqual(status, 4)
@@ -449,6 +456,28 @@ class AskedOperator(unittest.TestCase):
                 operator.wait_for("Enter goes on: ")
                 operator.hang_up()
                 self.assertEqual(operator.process.wait(), 4)
+
+
+    def test_a_terminal_that_was_hung_up_closes_no_screen(self):
+        with self.session("closing", hang_up=signal.SIG_IGN) as operator:
+            operator.wait_for("Monitor> ")
+            operator.hang_up()
+            self.assertEqual(operator.process.wait(), 4)
+
+    def test_a_pipe_that_is_open_may_bring_more(self):
+        document = self.folder / "closing.otx"
+        document.write_text(inputs.generate("closing"))
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        with Running("run", str(document), "--control", str(pipe)) as program:
+            with open(pipe, "w") as lines:
+                # Only who goes on can be asked, and is refused.
+                for _ in range(20):
+                    lines.write('{"control": "nonsense"}\n')
+                    lines.flush()
+                    program.wait_for_line("nonsense")
+                lines.write('{"eventType": "HMI-ScreenClosed", "screenName": "Monitor"}\n')
+            self.assertEqual(program.finish()[0], 0)
 
 
 class Outputs(unittest.TestCase):
