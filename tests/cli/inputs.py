@@ -209,6 +209,32 @@ def closings(_):
     return operator_procedure(flow, [], "".join(variable(name, "hmi:Screen") for name in names))
 
 
+def session(_):
+    """Enters the extended session of a control unit, which is kept alive, and waits for the closing of a screen."""
+    channel = '<diag:comChannel xsi:type="diag:ComChannelValue" valueOf="channel"/>'
+    parameter = (
+        "<diag:requestParam>" + string("diag:value", "extended")
+        + "<diag:path>" + string("stepByName", "Session") + "</diag:path></diag:requestParam>"
+    )
+    flow = (
+        action(
+            "c1",
+            '<realisation xsi:type="Assignment"><result xsi:type="diag:ComChannelVariable" name="channel"/>'
+            f'<term xsi:type="diag:GetComChannel">{string("diag:identifier", "Engine")}</term></realisation>',
+        )
+        + action(
+            "c2",
+            '<realisation xsi:type="diag:ExecuteDiagService"><diag:diagService xsi:type="diag:CreateDiagServiceByName">'
+            f'{channel}{string("diag:name", "StartSession")}</diag:diagService>'
+            f"<diag:requestParameters>{parameter}</diag:requestParameters></realisation>",
+        )
+        + open_screen("a1", "Monitor", "monitor")
+        + wait_for_closing("a2", "monitor")
+    )
+    variables = variable("monitor", "hmi:Screen") + variable("channel", "diag:ComChannel")
+    return operator_procedure(flow, [], variables).replace(" id=", f' xmlns:diag="{CORE}/DiagCom" id=', 1)
+
+
 def timer(_):
     """A screen that stays open while the sequence waits for its timer, a while in each of two lanes."""
     pause = '<event:timeout xsi:type="IntegerLiteral" value="{}"/>'
@@ -227,6 +253,7 @@ def timer(_):
 GENERATORS = {
     "given-value": given_value,
     "closings": closings,
+    "session": session,
     "timer": timer,
     "dialogs": dialogs,
     "screens": screens,
