@@ -79,7 +79,7 @@ void Conversation::close(const std::string& screen, const std::string& why) {
     }
 }
 
-void Conversation::settle() {
+void Conversation::settle(const std::string& typed) {
     dropGone();
     for (Viewed& viewed : screens_) {
         if (viewed.shown != Viewed::Shown::not_yet)
@@ -96,7 +96,7 @@ void Conversation::settle() {
     if (isAtPrompt_ || asks() == 0)
         return;
     terminal_ << (dialogs_.empty() ? oneLine(current().view.name()) + "> " : dialogs_.front().dialog->prompt())
-              << std::flush;
+              << typed << std::flush;
     isAtPrompt_ = true;
 }
 
@@ -139,7 +139,7 @@ void Conversation::obey(const std::string& line) {
 }
 
 void Conversation::drop() {
-    say("-- what was asked is gone, the line is dropped");
+    say("-- what was typed is dropped, it was for something else");
 }
 
 void Conversation::closeWithoutAnswer() {

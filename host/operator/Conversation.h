@@ -28,7 +28,7 @@ public:
     Conversation(RunPort& port, std::ostream& terminal) : port_(port), terminal_(terminal) {}
 
     void take(const ScreenNews& news) override;
-    void settle() override;
+    void settle(const std::string& typed) override;
     void finish() override;
 
     std::size_t asks() const override;

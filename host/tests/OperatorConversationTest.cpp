@@ -26,7 +26,7 @@ protected:
         return shown();
     }
     std::string shown() {
-        conversation_.settle();
+        conversation_.settle(typed_);
         std::string text = terminal_.str();
         terminal_.str({});
         return text;
@@ -50,6 +50,7 @@ protected:
 
     FakePort port_;
     std::ostringstream terminal_;
+    std::string typed_;
     Conversation conversation_{port_, terminal_};
 };
 

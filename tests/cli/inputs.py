@@ -209,6 +209,22 @@ def closings(_):
     return operator_procedure(flow, [], "".join(variable(name, "hmi:Screen") for name in names))
 
 
+def changing(_):
+    """A screen with a value that changes while the run waits for its closing."""
+    bound = '<hmi:inArg param="count"><hmi:variable xsi:type="IntegerVariable" name="count"/></hmi:inArg>'
+    flow = (
+        open_screen("a1", "Monitor", "monitor", bound)
+        + wait("a2", "event:TimerExpiredEventSource", '<event:timeout xsi:type="IntegerLiteral" value="300"/>')
+        + action(
+            "a3",
+            '<realisation xsi:type="Assignment"><result xsi:type="IntegerVariable" name="count"/>'
+            '<term xsi:type="IntegerLiteral" value="7"/></realisation>',
+        )
+        + wait_for_closing("a4", "monitor")
+    )
+    return operator_procedure(flow, [("count", "Integer", '<init value="1"/>')], variable("monitor", "hmi:Screen"))
+
+
 def session(_):
     """Enters the extended session of a control unit, which is kept alive, and waits for the closing of a screen."""
     channel = '<diag:comChannel xsi:type="diag:ComChannelValue" valueOf="channel"/>'
@@ -253,6 +269,7 @@ def timer(_):
 GENERATORS = {
     "given-value": given_value,
     "closings": closings,
+    "changing": changing,
     "session": session,
     "timer": timer,
     "dialogs": dialogs,

@@ -411,6 +411,32 @@ class AskedOperator(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertIn("axle = 3\r\ncount = 7\r\nlimit = 9\r\n", shown)
 
+    def test_a_refresh_leaves_what_is_being_typed(self):
+        with self.session("changing") as operator:
+            operator.wait_for("Monitor> ")
+            operator.say("clx")
+            operator.wait_for("count = 7\r\nMonitor> clx")
+            operator.say("\x7fose\n")
+            status, shown = operator.finish()
+        self.assertEqual(status, 0, shown)
+
+    def test_the_terminal_is_left_as_it_was(self):
+        for end in ("\n", Session.CTRL_C):
+            with self.session("changing") as operator:
+                before = termios.tcgetattr(operator.outer)
+                operator.wait_for("Monitor> ")
+                operator.say("close" + end)
+                operator.process.wait()
+                self.assertEqual(termios.tcgetattr(operator.outer), before)
+
+    def test_a_signal_finds_the_terminal_as_it_was(self):
+        with self.session("last-dialog") as operator:
+            before = termios.tcgetattr(operator.outer)
+            operator.wait_for("y yes, n no: ")
+            self.assertNotEqual(termios.tcgetattr(operator.outer), before)
+            operator.until_end(lambda: operator.process.send_signal(signal.SIGTERM))
+            self.assertEqual(termios.tcgetattr(operator.outer), before)
+
     def test_standard_output_is_data(self):
         with tempfile.TemporaryFile() as output:
             with self.session("screens", "--json", output=output) as operator:
