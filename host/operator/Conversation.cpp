@@ -25,12 +25,16 @@ void Conversation::take(const ScreenNews& news) {
 
 void Conversation::open(const ScreenNews& news) {
     std::unique_ptr<Dialog> dialog = makeDialog(news);
-    const bool isOpen = find(news.screen) != nullptr || std::ranges::any_of(dialogs_, [&](const Asked& asked) {
-        return asked.dialog->name() == news.screen;
-    });
-    if (isOpen) {
+    const auto asked = findDialog(news.screen);
+    Viewed* const viewed = find(news.screen);
+    if (asked != dialogs_.end() || viewed != nullptr) {
         say("-- another " + oneLine(news.screen) + " ends with the one that is open:");
         say(dialog != nullptr ? dialog->lines() : ScreenView(news).lines());
+        // What is asked is the open one, so it stands last.
+        if (asked != dialogs_.end())
+            asked->isStale = true;
+        else
+            viewed->shown = Viewed::Shown::not_yet;
     } else if (dialog != nullptr) {
         dialogs_.push_back({++count_, std::move(dialog)});
     } else {
@@ -68,7 +72,7 @@ void Conversation::highlight(const std::string& screen) {
 
 void Conversation::close(const std::string& screen, const std::string& why) {
     early_.erase(screen);
-    const auto asked = std::ranges::find_if(dialogs_, [&](const Asked& each) { return each.dialog->name() == screen; });
+    const auto asked = findDialog(screen);
     if (asked != dialogs_.end()) {
         if (asked->isShown)
             say("-- " + oneLine(screen) + ' ' + why);
@@ -89,9 +93,10 @@ void Conversation::settle(const std::string& typed) {
             say("The run waits until it is closed.");
         viewed.shown = Viewed::Shown::current;
     }
-    if (!dialogs_.empty() && !dialogs_.front().isShown) {
+    if (!dialogs_.empty() && (!dialogs_.front().isShown || dialogs_.front().isStale)) {
         say(dialogs_.front().dialog->lines());
         dialogs_.front().isShown = true;
+        dialogs_.front().isStale = false;
     }
     if (isAtPrompt_ || asks() == 0)
         return;
@@ -180,6 +185,10 @@ std::vector<ScreenNews> Conversation::openScreens() const {
     for (const Viewed& viewed : screens_)
         open.push_back(viewed.view.opening());
     return open;
+}
+
+std::deque<Conversation::Asked>::iterator Conversation::findDialog(const std::string& screen) {
+    return std::ranges::find_if(dialogs_, [&](const Asked& asked) { return asked.dialog->name() == screen; });
 }
 
 Conversation::Viewed* Conversation::find(const std::string& screen) {

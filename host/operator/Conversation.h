@@ -46,6 +46,7 @@ private:
         std::size_t number;
         std::unique_ptr<Dialog> dialog;
         bool isShown = false;
+        bool isStale = false;  // something stands below it that isn't asked
     };
     struct Viewed {
         std::size_t number;
@@ -69,6 +70,7 @@ private:
     void closeScreen();
     void turnTo(const std::string& screen);
 
+    std::deque<Asked>::iterator findDialog(const std::string& screen);
     Viewed* find(const std::string& screen);
     // Of the screens that are open: the one that was opened, highlighted or turned to last.
     Viewed& current() { return screens_.back(); }

@@ -129,10 +129,18 @@ TEST_F(OperatorConversation, ADialogThatWasNotAskedYetGoesWithoutAWord) {
 TEST_F(OperatorConversation, ASecondDialogOfTheNameEndsWithTheFirst) {
     take(question("One"));
     EXPECT_EQ(take(question("Two")), "\n-- another ConfirmDialog ends with the one that is open:\n-- Question: Two --\n"
-                                     "y yes, n no: ");
+                                     "-- Question: One --\ny yes, n no: ");
     type("y");
     EXPECT_EQ(port_.take(), resultEvent("ConfirmDialog", R"({"ConfirmationType":"YES"})") + closedEvent("ConfirmDialog"));
     EXPECT_EQ(conversation_.asks(), 0U);
+}
+
+TEST_F(OperatorConversation, ASecondOneOfADialogThatWaitsForItsTurnChangesNothing) {
+    take(open("InputDialog", true, "{}"));
+    take(question("One"));
+    EXPECT_EQ(take(question("Two")),
+              "\n-- another ConfirmDialog ends with the one that is open:\n-- Question: Two --\nText: ");
+    EXPECT_EQ(type("x"), "-- Question: One --\ny yes, n no: ");
 }
 
 TEST_F(OperatorConversation, WhatHasGoneWithAnEarlierOneIsNotShown) {
@@ -175,7 +183,8 @@ TEST_F(OperatorConversation, AChangeBehindTheClosingDoesNot) {
 TEST_F(OperatorConversation, ASecondOpeningOfAScreenLeavesTheFirst) {
     take(open("Monitor", false, R"({"a":1})"));
     EXPECT_EQ(take(open("Monitor", true, R"({"a":2})")),
-              "\n-- another Monitor ends with the one that is open:\n-- Screen: Monitor --\na = 2\nMonitor> ");
+              "\n-- another Monitor ends with the one that is open:\n-- Screen: Monitor --\na = 2\n"
+              "-- Screen: Monitor --\na = 1\nMonitor> ");
     EXPECT_EQ(type("show"), "-- Screen: Monitor --\na = 1\nMonitor> ");
 }
 
