@@ -66,6 +66,7 @@ private:
 
     // Commands for the current screen.
     void obeyForScreen(const std::string& line);
+    void listScreens();
     void setParameter(const std::string& nameAndValue);
     void closeScreen();
     void turnTo(const std::string& screen);

@@ -14,7 +14,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <sstream>
@@ -139,41 +138,25 @@ TEST(OperatorThreads, ALineAnswersOnlyWhatItWasTypedFor) {
     EXPECT_NE(terminal.str().find("what was typed is dropped"), std::string::npos);
 }
 
-// A keyboard at which a line is typed in part, and a test that knows when it is waited for.
+// A keyboard at which a line is typed in part.
 class SlowInput : public MemoryInput {
 public:
-    Event next(bool reads, std::optional<std::chrono::milliseconds> limit) override {
-        {
-            const std::lock_guard guard(waitsLock_);
-            ++waits_;
-            changed_.notify_all();
-        }
-        return MemoryInput::next(reads, limit);
-    }
     std::string typed() const override {
-        const std::lock_guard guard(waitsLock_);
+        const std::lock_guard guard(typedLock_);
         return typed_;
     }
     bool discard() override {
-        const std::lock_guard guard(waitsLock_);
+        const std::lock_guard guard(typedLock_);
         return !std::exchange(typed_, {}).empty();
     }
     void typePart(const std::string& part) {
-        const std::lock_guard guard(waitsLock_);
+        const std::lock_guard guard(typedLock_);
         typed_ = part;
-    }
-    // Until the operator's thread has done all that it was woken for, so many times.
-    void awaitWaits(int count) {
-        std::unique_lock guard(waitsLock_);
-        changed_.wait(guard, [&] { return waits_ >= count; });
     }
 
 private:
-    mutable std::mutex waitsLock_;
-    std::condition_variable changed_;
-    // Guarded by waitsLock_.
-    int waits_ = 0;
-    std::string typed_;
+    mutable std::mutex typedLock_;
+    std::string typed_;  // guarded by typedLock_
 };
 
 class OperatorTypesSlowly : public testing::Test {
@@ -184,7 +167,7 @@ protected:
         operator_.emplace(std::make_unique<Conversation>(port_, terminal_), std::move(made), nullptr);
         operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-OpenScreen","screenName":"M","parameters":{"a":1}})"));
         operator_->start();
-        keyboard_->awaitWaits(1);
+        keyboard_->awaitIdle();
         keyboard_->typePart("set b");
     }
 
@@ -197,7 +180,7 @@ protected:
 TEST_F(OperatorTypesSlowly, ARefreshLeavesWhatIsTyped) {
     operator_->sendRequest(
         OTX::FromJSON(R"({"eventType":"HMI-InParameterValueChanged","screenName":"M","parameters":{"a":2}})"));
-    keyboard_->awaitWaits(2);
+    keyboard_->awaitIdle();
     keyboard_->type("set b 2");
     port_.await(resultEvent("M", "2", "b"));
     operator_->finish();
@@ -207,7 +190,7 @@ TEST_F(OperatorTypesSlowly, ARefreshLeavesWhatIsTyped) {
 
 TEST_F(OperatorTypesSlowly, WhatWasTypedForAScreenAnswersNoDialog) {
     operator_->sendRequest(OTX::FromJSON(input));
-    keyboard_->awaitWaits(2);
+    keyboard_->awaitIdle();
     operator_->finish();
     EXPECT_EQ(keyboard_->typed(), "");
     EXPECT_NE(terminal_.str().find("M> \n-- what was typed is dropped, it was for something else\n-- Input --\nText: \n"),
@@ -217,27 +200,25 @@ TEST_F(OperatorTypesSlowly, WhatWasTypedForAScreenAnswersNoDialog) {
 
 TEST_F(OperatorTypesSlowly, WhatWasTypedForADialogIsNoCommand) {
     operator_->sendRequest(OTX::FromJSON(question));
-    keyboard_->awaitWaits(2);
+    keyboard_->awaitIdle();
     keyboard_->typePart("y");
     operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-CloseScreen","screenName":"ConfirmDialog"})"));
-    keyboard_->awaitWaits(3);
+    keyboard_->awaitIdle();
     operator_->finish();
     EXPECT_EQ(keyboard_->typed(), "");
     EXPECT_NE(terminal_.str().find("the run has closed it\n-- what was typed is dropped"), std::string::npos)
         << terminal_.str();
 }
 
-TEST_F(OperatorTypesSlowly, WhatIsTypedAheadOfTheNextDialogIsForIt) {
-    keyboard_->typePart("");
-    operator_->sendRequest(OTX::FromJSON(question));
-    keyboard_->awaitWaits(2);
+TEST_F(OperatorThread, WhatIsTypedAheadOfTheNextDialogIsForIt) {
     keyboard_->type("y");
+    keyboard_->type("text");
+    operator_->sendRequest(OTX::FromJSON(question));
     port_.await(closedEvent("ConfirmDialog"));
-    keyboard_->type("text");  // before or behind the opening
     operator_->sendRequest(OTX::FromJSON(input));
-    keyboard_->awaitWaits(3);
+    port_.await(closedEvent("InputDialog"));
     operator_->finish();
-    EXPECT_EQ(terminal_.str().find("dropped"), std::string::npos) << terminal_.str();
+    EXPECT_NE(port_.take().find(resultEvent("InputDialog", "\"text\"")), std::string::npos);
 }
 
 TEST(OperatorInbox, KeepsTheLatestChangeOnly) {
