@@ -76,9 +76,15 @@ std::string versionLine() {
     return GetComponentName() + " " + GetComponentVersion() + " " + GetComponentDate();
 }
 
-// An option that takes the name of a file.
-void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help) {
-    command.add_option(name, file, help)->type_name("FILE");
+// A variable of a shell that isn't set gives an empty word.
+std::string complaintAboutName(const std::string& name) {
+    return name.empty() ? "a name is needed" : "";
+}
+
+// An option that takes the name of a file, or of what else is told.
+void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help,
+             const std::string& type = "FILE") {
+    command.add_option(name, file, help)->type_name(type)->check(CLI::Validator(complaintAboutName, ""));
 }
 
 void addDocument(CLI::App& command, std::string& document,
@@ -121,9 +127,8 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     addFile(command, "--vehicle", options.vehicleFile, "Talk to the simulated vehicle that this file describes");
     command.add_flag("--trace-pdu", options.tracePdu, "Write each PDU to standard error; needs --vehicle");
     addFile(command, "--persist", options.persistenceFile, "Keep the values that the sequence saves in this file");
-    command.add_option("--providers", options.providersFolder, "Find plug-ins of service providers in this folder")
-        ->type_name("DIR");
-    command.add_option("--store", options.storeFolder, "Let the sequence read the files of this folder")->type_name("DIR");
+    addFile(command, "--providers", options.providersFolder, "Find plug-ins of service providers in this folder", "DIR");
+    addFile(command, "--store", options.storeFolder, "Let the sequence read the files of this folder", "DIR");
     addLog(command, options.log);
 }
 
