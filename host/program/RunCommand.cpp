@@ -18,6 +18,7 @@
 #include <velkotx/Sequencer.h>
 
 #include <atomic>
+#include <csignal>
 #include <memory>
 #include <optional>
 
@@ -65,6 +66,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     rest.reset();
     host.finish();
     theOperator.finish();
+    std::signal(SIGHUP, SIG_IGN);  // one that comes behind the run, or a second one, leaves its outcome alone
     letLogAhead();
     // A run that is cancelled in its last statement comes to its end all the same.
     if ((isInterrupted || theOperator.hasFailed() || host.hasFailed()) && outcome.kind == Outcome::Kind::finished)
