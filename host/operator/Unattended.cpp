@@ -21,6 +21,19 @@ std::string valuesOf(const ScreenNews& opening) {
     return lines;
 }
 
+// The screen's name, and the title of a dialog, or else its message.
+std::string called(const ScreenNews& opening, const Dialog* dialog) {
+    std::string name = oneLine(opening.screen);
+    if (dialog == nullptr)
+        return name;
+    for (const char* parameter : {"title", "message"}) {
+        const auto found = opening.parameters.find(parameter);
+        if (found != opening.parameters.end())
+            return name + " \"" + lineOf(found->second) + '"';
+    }
+    return name;
+}
+
 }  // namespace
 
 void Unattended::take(const ScreenNews& news) {
@@ -101,7 +114,7 @@ void Unattended::takeDefault(const ScreenNews& opening) {
     }
     if (const auto refusal = port_.sendEvent(screenClosed(opening.screen)))
         done = "can't be closed: " + oneLine(*refusal);
-    err_ << oneLine(opening.screen) + ": nobody is there, " + done + '\n' << std::flush;
+    err_ << called(opening, dialog.get()) + ": nobody is there, " + done + '\n' << std::flush;
 }
 
 }  // namespace velkotx::host

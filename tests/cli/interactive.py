@@ -452,7 +452,7 @@ class AskedOperator(unittest.TestCase):
         with self.session("dialogs", "--unattended", "default") as operator:
             status, shown = operator.finish()
         self.assertEqual(status, 0)
-        self.assertIn("ChoiceDialog: nobody is there, answered with its default, 1", shown)
+        self.assertIn('ChoiceDialog "Axle": nobody is there, answered with its default, 1', shown)
 
     def test_rules_come_first(self):
         rules = self.folder / "rules.json"
