@@ -6,6 +6,7 @@
 #include "program/Load.h"
 #include "program/Report.h"
 #include "program/RunLog.h"
+#include "program/SameFiles.h"
 #include "program/SetUp.h"
 #include "program/debug/Debugger.h"
 #include "program/debug/LineReader.h"
@@ -35,6 +36,7 @@ int converse(Debugger& debugger, LineReader& reader, const Streams& streams) {
 }  // namespace
 
 int debug(const DebugOptions& options, const Streams& streams) {
+    refuseSameFiles(options);
     Inputs inputs(streams.in);
     inputs.takeStandardInput();  // the commands
     startLog(options.log);

@@ -9,6 +9,7 @@
 #include "program/Report.h"
 #include "program/RunLog.h"
 #include "program/RunOperator.h"
+#include "program/SameFiles.h"
 #include "program/SetUp.h"
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
@@ -78,6 +79,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
 
 int run(const RunOptions& options, const Streams& streams) {
     requireScriptForStops(options);
+    refuseSameFiles(options);
     Inputs inputs(streams.in);
     startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);
