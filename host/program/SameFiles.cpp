@@ -33,7 +33,8 @@ bool areSame(const std::string& one, const std::string& other) {
     if (fs::equivalent(one, other, failure))
         return true;
     // Those that aren't there yet.
-    return fs::weakly_canonical(one, failure) == fs::weakly_canonical(other, failure) && !failure;
+    const auto placeOf = [&](const std::string& file) { return fs::weakly_canonical(fs::absolute(file, failure), failure); };
+    return placeOf(one) == placeOf(other) && !failure;
 }
 
 void refuse(const std::vector<Named>& written, const std::vector<Named>& read) {
