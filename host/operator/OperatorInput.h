@@ -27,7 +27,7 @@ public:
     // Any thread: lets the waiting one go, or the next that would wait.
     virtual void wake() = 0;
 
-    // Ahead of the first prompt.
+    // Ahead of each prompt, and behind each wait.
     virtual void prepare() {}
     // What has been typed of a line that isn't whole yet, as far as it can be told.
     virtual std::string typed() const { return {}; }

@@ -5,11 +5,26 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <ostream>
 #include <system_error>
 
 namespace velkotx::host {
+
+namespace {
+
+// A program that was stopped finds the terminal as the shell has left it.
+std::atomic<int> wokenByContinuation{-1};
+
+void continued(int) {
+    const int before = errno;
+    if (const int woken = wokenByContinuation; woken >= 0)
+        eventfd_write(woken, 1);
+    errno = before;
+}
+
+}  // namespace
 
 TerminalInput::TerminalInput(int descriptor, std::ostream* echo)
     : descriptor_(descriptor), echo_(echo), woken_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
@@ -19,6 +34,10 @@ TerminalInput::TerminalInput(int descriptor, std::ostream* echo)
 
 TerminalInput::~TerminalInput() {
     restore();
+    if (isPrepared_) {
+        sigaction(SIGCONT, &formerAnswer_, nullptr);
+        wokenByContinuation = -1;
+    }
     close(woken_);
 }
 
@@ -29,18 +48,29 @@ bool TerminalInput::isOurs() const {
 }
 
 void TerminalInput::prepare() {
-    if (echo_ == nullptr || isPrepared_)
+    if (echo_ == nullptr)
         return;
     const std::lock_guard guard(modeLock_);
     termios mode{};
-    if (staysAsItWas_ || !isOurs() || tcgetattr(descriptor_, &mode) != 0)
+    if (staysAsItWas_ || !isOurs() || tcgetattr(descriptor_, &mode) != 0 || (former_ && (mode.c_lflag & ICANON) == 0))
         return;
     former_ = mode;
     mode.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO | IEXTEN);
     mode.c_cc[VMIN] = 1;
     mode.c_cc[VTIME] = 0;
     tcsetattr(descriptor_, TCSANOW, &mode);
+    noticeContinuation();
+}
+
+void TerminalInput::noticeContinuation() {
+    if (isPrepared_)
+        return;
     isPrepared_ = true;
+    wokenByContinuation = woken_;
+    struct sigaction answer {};
+    answer.sa_handler = continued;
+    answer.sa_flags = SA_RESTART;
+    sigaction(SIGCONT, &answer, &formerAnswer_);
 }
 
 void TerminalInput::restore() {

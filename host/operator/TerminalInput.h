@@ -6,6 +6,8 @@
 
 #include <termios.h>
 
+#include <csignal>
+
 #include <iosfwd>
 #include <mutex>
 
@@ -33,6 +35,7 @@ public:
 
 private:
     bool isOurs() const;
+    void noticeContinuation();
     bool takeLine(Event& event);
     bool takeEdited(Event& event);
     std::optional<Event> readMore();
@@ -43,6 +46,7 @@ private:
     std::string unread_;
     LineEditor editor_;
     bool isPrepared_ = false;
+    struct sigaction formerAnswer_ {};  // to SIGCONT, while it is ours
 
     std::mutex modeLock_;
     // Guarded by modeLock_.

@@ -14,6 +14,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <functional>
 #include <mutex>
 #include <sstream>
@@ -339,6 +340,20 @@ TEST(OperatorTerminalInput, LeavesTheTerminalAsItWas) {
     cancelled.restore();
     cancelled.prepare();
     EXPECT_TRUE(isCanonical(terminal.inner));
+}
+
+TEST(OperatorTerminalInput, TakesTheTerminalBackWhenItGoesOn) {
+    PseudoTerminal terminal;
+    std::ostringstream echo;
+    TerminalInput keyboard(terminal.inner, &echo);
+    termios asItWas{};
+    ASSERT_EQ(tcgetattr(terminal.inner, &asItWas), 0);
+    keyboard.prepare();
+    tcsetattr(terminal.inner, TCSANOW, &asItWas);  // as a shell does
+    std::raise(SIGCONT);
+    EXPECT_EQ(keyboard.next(true, {}).what, OperatorInput::What::woken);
+    keyboard.prepare();
+    EXPECT_FALSE(isCanonical(terminal.inner));
 }
 
 TEST(OperatorTerminalInput, CtrlDIsNoAnswerAndLinesMayFollow) {
