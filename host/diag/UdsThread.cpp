@@ -2,11 +2,13 @@
 #include "diag/UdsPossession.h"
 
 #include "diag/UdsProtocol.h"
+#include "rest/HostThread.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <exception>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -144,6 +146,10 @@ void UdsTraffic::rest(Lock& lock, Clock::Time now) {
     if (keepsAlive())
         until = std::min(until, lastTraffic_ + timing_.testerPresent);
     timesChanged_ = false;
+    // Tester present brings no run on.
+    std::optional<HostThread> idle;
+    if (timed_.empty())
+        idle.emplace();
     clock_.waitUntil(lock, threadWanted_, until, [this] {
         return resumed_ || timesChanged_ || state_ == UdsChannel::State::Closed ||
                (user_ == User::Nobody && !queue_.empty());

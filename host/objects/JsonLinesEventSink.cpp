@@ -14,7 +14,8 @@ JsonLinesEventSink::JsonLinesEventSink(std::ostream& out) : out_(out) {}
 
 void JsonLinesEventSink::sendRequest(const COtxValue& message) {
     const COtxValue json = message.ToJSON();
-    const std::string& line = json.String();
+    const std::string& text = json.String();
+    const std::string line = message.Type() == OTX::ValueType::Map ? text : "{\"message\":" + text + '}';
     const std::lock_guard guard(outLock_);
     out_ << line << '\n' << std::flush;
     if (!out_)

@@ -15,8 +15,9 @@ public:
     virtual ~Attendant() = default;
 
     virtual void take(const ScreenNews& news) = 0;
-    // Behind what was taken or obeyed: shows what there is to be seen of it.
-    virtual void settle() {}
+    // Behind what was taken or obeyed: shows what there is to be seen of it. `typed` is what stands behind the prompt, and
+    // stands there again behind a new one.
+    virtual void settle([[maybe_unused]] const std::string& typed) {}
     // The run is over.
     virtual void finish() {}
     // Whether the run was cancelled because nobody was there.
@@ -27,7 +28,7 @@ public:
     // What the next line would answer, a number that is used once; 0 while a line is for nothing.
     virtual std::size_t asks() const { return 0; }
     virtual void obey(const std::string&) {}
-    // A line that was typed for something that has gone meanwhile.
+    // What was typed for something that doesn't stand there any more is dropped.
     virtual void drop() {}
     // No answer will be typed: the key that ends the input.
     virtual void closeWithoutAnswer() {}

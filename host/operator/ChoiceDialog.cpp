@@ -27,6 +27,8 @@ public:
 
     Answer read(const std::string& line) const override {
         const std::string word = lowerCaseWord(line);
+        if (options_.empty())
+            return {"there is nothing to choose from, Ctrl-D closes it", {}};
         if (word.empty() && default_)
             return {{}, COtxInt(*default_)};
         const std::optional<long long> number = wholeNumber(word);
@@ -49,10 +51,12 @@ private:
     std::string heading() const override { return "Choice"; }
 
     void describe(std::vector<std::string>& lines) const override {
+        const std::size_t width = std::to_string(options_.size()).size();
         long long index = 0;
         for (const COtxValue& option : options_) {
             const bool isDefault = default_ == index;
-            lines.push_back((isDefault ? "* " : "  ") + std::to_string(++index) + "  " + lineOf(option) +
+            const std::string number = std::to_string(++index);
+            lines.push_back((isDefault ? "* " : "  ") + std::string(width - number.size(), ' ') + number + "  " + lineOf(option) +
                             (isDefault ? " (default)" : ""));
         }
     }

@@ -19,17 +19,22 @@ void Conversation::take(const ScreenNews& news) {
             return close(news.screen, isCancelled_ ? "is gone: the run was cancelled" : "is gone: the run has closed it");
         case ScreenNews::Kind::settled: return close(news.screen, "is gone: it was answered elsewhere");
         case ScreenNews::Kind::cancelled: isCancelled_ = true; return;
+        case ScreenNews::Kind::waiting: return;  // there is somebody
     }
 }
 
 void Conversation::open(const ScreenNews& news) {
     std::unique_ptr<Dialog> dialog = makeDialog(news);
-    const bool isOpen = find(news.screen) != nullptr || std::ranges::any_of(dialogs_, [&](const Asked& asked) {
-        return asked.dialog->name() == news.screen;
-    });
-    if (isOpen) {
+    const auto asked = findDialog(news.screen);
+    Viewed* const viewed = find(news.screen);
+    if (asked != dialogs_.end() || viewed != nullptr) {
         say("-- another " + oneLine(news.screen) + " ends with the one that is open:");
         say(dialog != nullptr ? dialog->lines() : ScreenView(news).lines());
+        // What is asked is the open one, so it stands last.
+        if (asked != dialogs_.end())
+            asked->isStale = true;
+        else
+            viewed->shown = Viewed::Shown::not_yet;
     } else if (dialog != nullptr) {
         dialogs_.push_back({++count_, std::move(dialog)});
     } else {
@@ -67,7 +72,7 @@ void Conversation::highlight(const std::string& screen) {
 
 void Conversation::close(const std::string& screen, const std::string& why) {
     early_.erase(screen);
-    const auto asked = std::ranges::find_if(dialogs_, [&](const Asked& each) { return each.dialog->name() == screen; });
+    const auto asked = findDialog(screen);
     if (asked != dialogs_.end()) {
         if (asked->isShown)
             say("-- " + oneLine(screen) + ' ' + why);
@@ -78,7 +83,7 @@ void Conversation::close(const std::string& screen, const std::string& why) {
     }
 }
 
-void Conversation::settle() {
+void Conversation::settle(const std::string& typed) {
     dropGone();
     for (Viewed& viewed : screens_) {
         if (viewed.shown != Viewed::Shown::not_yet)
@@ -88,14 +93,15 @@ void Conversation::settle() {
             say("The run waits until it is closed.");
         viewed.shown = Viewed::Shown::current;
     }
-    if (!dialogs_.empty() && !dialogs_.front().isShown) {
+    if (!dialogs_.empty() && (!dialogs_.front().isShown || dialogs_.front().isStale)) {
         say(dialogs_.front().dialog->lines());
         dialogs_.front().isShown = true;
+        dialogs_.front().isStale = false;
     }
     if (isAtPrompt_ || asks() == 0)
         return;
     terminal_ << (dialogs_.empty() ? oneLine(current().view.name()) + "> " : dialogs_.front().dialog->prompt())
-              << std::flush;
+              << typed << std::flush;
     isAtPrompt_ = true;
 }
 
@@ -138,7 +144,7 @@ void Conversation::obey(const std::string& line) {
 }
 
 void Conversation::drop() {
-    say("-- what was asked is gone, the line is dropped");
+    say("-- what was typed is dropped, it was for something else");
 }
 
 void Conversation::closeWithoutAnswer() {
@@ -179,6 +185,10 @@ std::vector<ScreenNews> Conversation::openScreens() const {
     for (const Viewed& viewed : screens_)
         open.push_back(viewed.view.opening());
     return open;
+}
+
+std::deque<Conversation::Asked>::iterator Conversation::findDialog(const std::string& screen) {
+    return std::ranges::find_if(dialogs_, [&](const Asked& asked) { return asked.dialog->name() == screen; });
 }
 
 Conversation::Viewed* Conversation::find(const std::string& screen) {

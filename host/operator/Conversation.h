@@ -28,7 +28,7 @@ public:
     Conversation(RunPort& port, std::ostream& terminal) : port_(port), terminal_(terminal) {}
 
     void take(const ScreenNews& news) override;
-    void settle() override;
+    void settle(const std::string& typed) override;
     void finish() override;
 
     std::size_t asks() const override;
@@ -46,6 +46,7 @@ private:
         std::size_t number;
         std::unique_ptr<Dialog> dialog;
         bool isShown = false;
+        bool isStale = false;  // something stands below it that isn't asked
     };
     struct Viewed {
         std::size_t number;
@@ -65,10 +66,12 @@ private:
 
     // Commands for the current screen.
     void obeyForScreen(const std::string& line);
+    void listScreens();
     void setParameter(const std::string& nameAndValue);
     void closeScreen();
     void turnTo(const std::string& screen);
 
+    std::deque<Asked>::iterator findDialog(const std::string& screen);
     Viewed* find(const std::string& screen);
     // Of the screens that are open: the one that was opened, highlighted or turned to last.
     Viewed& current() { return screens_.back(); }

@@ -29,8 +29,10 @@ void Dialog::append(std::vector<std::string>& lines, const std::string& paramete
         return;
     std::stringstream text;
     text << *value;
-    for (std::string line; std::getline(text, line);)
-        lines.push_back(oneLine(line));
+    // Neither a second line nor one that looks like a heading can be taken for the program's own.
+    bool isFirst = true;
+    for (std::string line; std::getline(text, line); isFirst = false)
+        lines.push_back((isFirst && !line.starts_with("-") ? "" : "  ") + oneLine(line));
 }
 
 std::unique_ptr<Dialog> makeDialog(const ScreenNews& opening) {

@@ -20,10 +20,14 @@ public:
         return initial != nullptr ? "Text [" + lineOf(*initial) + "]: " : "Text: ";
     }
 
-    // An empty line is the initial value where there is one; else it is the empty text.
+    // An empty line is the initial value where there is one, and a pair of quotes the empty text; else an empty line is that.
     Answer read(const std::string& line) const override {
         const COtxValue* const initial = find("initialValue");
-        const COtxValue text = line.empty() && initial != nullptr ? *initial : COtxString(line);
+        COtxValue text = COtxString(line);
+        if (initial != nullptr && line.empty())
+            text = *initial;
+        else if (initial != nullptr && line == "\"\"")
+            text = COtxString();
         std::string complaint = complaintAbout(text);
         if (!complaint.empty())
             return {std::move(complaint), {}};

@@ -3,6 +3,7 @@
 
 #include "operator/Attendant.h"
 #include "operator/OperatorInput.h"
+#include "rest/HostThread.h"
 
 #include <algorithm>
 #include <utility>
@@ -46,11 +47,14 @@ void Operator::sendRequest(const COtxValue& message) {
 }
 
 void Operator::tell(ScreenNews news) {
+    if (news.kind == ScreenNews::Kind::cancelled)
+        input_->restore();  // the next signal may end the process
     inbox_.put(std::move(news));
     input_->wake();
 }
 
 void Operator::work() {
+    const HostThread registered;
     for (;;) {
         const bool isOver = isOver_;  // ahead of the last look into the inbox
         takeNews();
@@ -59,7 +63,10 @@ void Operator::work() {
         const OperatorInput::Event event = input_->next(attendant_->asks() != 0, untilRefresh());
         switch (event.what) {
             case OperatorInput::What::line: obey(event.line); break;
-            case OperatorInput::What::noAnswer: attendant_->closeWithoutAnswer(); break;
+            case OperatorInput::What::noAnswer:
+                asked_ = 0;
+                attendant_->closeWithoutAnswer();
+                break;
             case OperatorInput::What::gone: handOver(); break;
             case OperatorInput::What::woken: break;
         }
@@ -73,12 +80,24 @@ void Operator::takeNews() {
         attendant_->refresh();
         refreshed_ = Clock::now();
     }
-    attendant_->settle();
+    settle();
+}
+
+// What was typed behind a prompt isn't for one that takes its place.
+void Operator::settle() {
+    const std::size_t asks = attendant_->asks();
+    if (asked_ != 0 && asks != asked_ && input_->discard())
+        attendant_->drop();
+    if (asks != 0)
+        input_->prepare();
+    attendant_->settle(input_->typed());
+    asked_ = attendant_->asks();
 }
 
 // News that came while the line was typed come first, so that it answers nothing else than what it was typed for.
 void Operator::obey(const std::string& line) {
     const std::size_t asked = attendant_->asks();
+    asked_ = 0;
     for (const ScreenNews& news : inbox_.take())
         attendant_->take(news);
     if (attendant_->asks() == asked)

@@ -43,6 +43,7 @@ private:
 
     void work();
     void takeNews();
+    void settle();
     void obey(const std::string& line);
     void handOver();
     // How long to wait for what is stale to be shown; none if nothing is.
@@ -52,6 +53,7 @@ private:
     const std::unique_ptr<OperatorInput> input_;
     std::unique_ptr<Attendant> standIn_;
     Clock::time_point refreshed_{};
+    std::size_t asked_ = 0;  // what the prompt asks that was shown last, until it is answered
     Inbox inbox_;
     std::atomic<bool> isOver_{false};
     std::thread thread_;

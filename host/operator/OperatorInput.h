@@ -26,6 +26,15 @@ public:
     virtual Event next(bool reads, std::optional<std::chrono::milliseconds> limit) = 0;
     // Any thread: lets the waiting one go, or the next that would wait.
     virtual void wake() = 0;
+
+    // Ahead of each prompt, and behind each wait.
+    virtual void prepare() {}
+    // What has been typed of a line that isn't whole yet, as far as it can be told.
+    virtual std::string typed() const { return {}; }
+    // Forgets that, and all else that was typed and not taken. Gives whether there was any.
+    virtual bool discard() { return false; }
+    // Any thread: the terminal is as it was, and stays so.
+    virtual void restore() {}
 };
 
 }  // namespace velkotx::host

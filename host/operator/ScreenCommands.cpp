@@ -12,7 +12,7 @@ namespace velkotx::host {
 namespace {
 
 const std::vector<std::string> help{
-    "set NAME VALUE   set a parameter that the screen gives out; VALUE is JSON, else plain text",
+    "set NAME VALUE   set a parameter that the screen gives out; VALUE is JSON, else plain text; \"117\" is a text",
     "close            close the screen",
     "show             show the screen again",
     "screen NAME      turn to another screen",
@@ -32,6 +32,15 @@ Words split(const std::string& text, const char* ends) {
     return {text.substr(0, end), withoutBlanksAround(text.substr(end + 1))};
 }
 
+// A name with blanks in it stands in quotes.
+Words splitName(const std::string& text) {
+    const std::size_t end = text.starts_with('"') ? text.find('"', 1) : std::string::npos;
+    if (end == std::string::npos)
+        return split(text, " \t=");
+    const std::string rest = withoutBlanksAround(text.substr(end + 1));
+    return {text.substr(1, end - 1), rest.starts_with('=') ? withoutBlanksAround(rest.substr(1)) : rest};
+}
+
 }  // namespace
 
 void Conversation::obeyForScreen(const std::string& line) {
@@ -44,25 +53,34 @@ void Conversation::obeyForScreen(const std::string& line) {
         closeScreen();
     } else if (word == "screen" && find(rest) != nullptr) {
         turnTo(rest);
-    } else if (word == "screen" || word == "screens") {
-        for (const Viewed& viewed : screens_)
-            say(oneLine(viewed.view.name()));
+    } else if (word == "screens" || (word == "screen" && rest.empty())) {
+        listScreens();
+    } else if (word == "screen") {
+        say("no screen " + oneLine(rest) + " is open:");
+        listScreens();
     } else {
+        if (word != "help")
+            say("unknown command: " + oneLine(line));
         say(help);
     }
 }
 
+void Conversation::listScreens() {
+    for (const Viewed& viewed : screens_)
+        say((&viewed == &current() ? "* " : "  ") + oneLine(viewed.view.name()));
+}
+
 void Conversation::setParameter(const std::string& nameAndValue) {
-    const auto [name, text] = split(nameAndValue, " \t=");
+    const auto [name, text] = splitName(nameAndValue);
     if (name.empty())
         return say("set NAME VALUE");
     ScreenView& view = current().view;
     try {
-        const COtxValue value = valueLike(view.present(name), text.starts_with("= ") ? text.substr(2) : text);
+        const COtxValue value = valueLike(view.example(name), text.starts_with("= ") ? text.substr(2) : text);
         const auto refusal = port_.sendEvent(outValuesChanged(view.name(), {{name, value}}));
         sayRefusal(refusal);
         if (!refusal)
-            view.change({{name, value}});  // nobody tells it back for a mere out parameter
+            view.set(name, value);  // nobody tells it back for a mere out parameter
     } catch (const TypingError& error) {
         say(oneLine(name) + ": " + error.what());
     }

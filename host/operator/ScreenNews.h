@@ -19,6 +19,8 @@ struct ScreenNews {
         // No messages of the run, told ahead of the deed.
         settled,      // somebody else who answers for the host closes it
         cancelled,    // the host cancels the run; without a screen
+        // No deed: nobody but the operator can bring the run on; without a screen.
+        waiting,
     };
 
     Kind kind = Kind::opened;

@@ -9,6 +9,20 @@ namespace velkotx::host {
 void ScreenView::change(const std::map<std::string, COtxValue>& parameters) {
     for (const auto& [parameter, value] : parameters)
         opening_.parameters.insert_or_assign(parameter, value);
+    learn(parameters);
+}
+
+void ScreenView::set(const std::string& parameter, const COtxValue& value) {
+    opening_.parameters.insert_or_assign(parameter, value);
+    if (!examples_.contains(parameter))
+        guessed_.insert(parameter);
+}
+
+// What the operator has guessed comes back from the run as if it were the run's own.
+void ScreenView::learn(const std::map<std::string, COtxValue>& parameters) {
+    for (const auto& [parameter, value] : parameters)
+        if (value.Type() != OTX::ValueType::Empty && !guessed_.contains(parameter))
+            examples_.try_emplace(parameter, value);
 }
 
 std::vector<std::string> ScreenView::lines() const {
@@ -18,9 +32,9 @@ std::vector<std::string> ScreenView::lines() const {
     return lines;
 }
 
-COtxValue ScreenView::present(const std::string& parameter) const {
-    const auto found = opening_.parameters.find(parameter);
-    return found != opening_.parameters.end() ? found->second : COtxValue();
+COtxValue ScreenView::example(const std::string& parameter) const {
+    const auto found = examples_.find(parameter);
+    return found != examples_.end() ? found->second : COtxValue();
 }
 
 }  // namespace velkotx::host

@@ -3,6 +3,8 @@
 
 #include "operator/ScreenNews.h"
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -10,21 +12,27 @@ namespace velkotx::host {
 
 class ScreenView {
 public:
-    explicit ScreenView(const ScreenNews& opening) : opening_(opening) {}
+    explicit ScreenView(const ScreenNews& opening) : opening_(opening) { learn(opening.parameters); }
 
-    // Later values, of the run or of the operator.
+    // Later values of the run.
     void change(const std::map<std::string, COtxValue>& parameters);
+    // A later value of the operator, whose type is only his guess.
+    void set(const std::string& parameter, const COtxValue& value);
     // "name = value" in the order of the names, under a heading.
     std::vector<std::string> lines() const;
-    // The value of a parameter; empty for one that the run hasn't told.
-    COtxValue present(const std::string& parameter) const;
+    // A value of the type that the parameter has, as far as the run has told; else empty.
+    COtxValue example(const std::string& parameter) const;
 
     const std::string& name() const { return opening_.screen; }
     // As it was opened, with the values of now.
     const ScreenNews& opening() const { return opening_; }
 
 private:
+    void learn(const std::map<std::string, COtxValue>& parameters);
+
     ScreenNews opening_;
+    std::map<std::string, COtxValue> examples_;
+    std::set<std::string> guessed_;  // set by the operator, while the type wasn't known
 };
 
 }  // namespace velkotx::host

@@ -35,15 +35,15 @@ std::optional<long long> wholeNumber(const std::string& text) {
     return number;
 }
 
-COtxValue valueLike(const COtxValue& present, const std::string& text) {
-    if (present.Type() == OTX::ValueType::String)
-        return COtxString(text);
+COtxValue valueLike(const COtxValue& example, const std::string& text) {
     const COtxValue typed = valueOf(text);
-    if (present.Type() == OTX::ValueType::Empty || typed.Type() == present.Type())
+    if (example.Type() == OTX::ValueType::String)
+        return typed.Type() == OTX::ValueType::String ? typed : COtxString(text);
+    if (example.Type() == OTX::ValueType::Empty || typed.Type() == example.Type())
         return typed;
-    if (present.Type() == OTX::ValueType::Float && typed.Type() == OTX::ValueType::Integer)
+    if (example.Type() == OTX::ValueType::Float && typed.Type() == OTX::ValueType::Integer)
         return typed.ToFloat();
-    throw TypingError("a value of type " + present.stringType() + " is needed");
+    throw TypingError("a value of type " + example.stringType() + " is needed");
 }
 
 }  // namespace velkotx::host

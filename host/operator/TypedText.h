@@ -21,8 +21,8 @@ std::string withoutBlanksAround(const std::string& text);
 // None for a text that is anything else than a number, or one too large.
 std::optional<long long> wholeNumber(const std::string& text);
 
-// A value of the type of the present one: a text as it stands, anything else as JSON. Where nothing is present, JSON if it
-// can be read as such, else the text. Throws TypingError.
-COtxValue valueLike(const COtxValue& present, const std::string& text);
+// A value of the type of the example: a text as it stands, or in the quotes of JSON, anything else as JSON. Where the example is
+// empty, JSON if it can be read as such, else the text. Throws TypingError.
+COtxValue valueLike(const COtxValue& example, const std::string& text);
 
 }  // namespace velkotx::host

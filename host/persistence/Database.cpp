@@ -28,6 +28,7 @@ std::string reason(sqlite3* connection, int code) {
     switch (code & 0xFF) {
         case SQLITE_NOTADB: return "not a file of persisted values";
         case SQLITE_BUSY: return "another process holds the file";
+        case SQLITE_READONLY: return "the file or its folder can't be written";
         case SQLITE_CORRUPT: return "the file is damaged";
         default: return connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
     }

@@ -3,6 +3,9 @@
 
 #include "vehicle/Crc32.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <span>
 
@@ -66,13 +69,21 @@ void requireUndamaged(Database& database) {
     }
 }
 
+// Of a file that can't be made the system says at last that it isn't there.
+void requireWritableFolder(const std::string& file) {
+    std::error_code error;
+    const auto folder = std::filesystem::absolute(file, error).parent_path();
+    if (std::filesystem::is_directory(folder, error) && faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        throw DatabaseFailure("the folder can't be written");
+}
+
 // SQLite would make a device or a pipe into a database, and takes a file of a single byte for an empty one.
 void requireUsable(const std::string& file) {
     constexpr std::uintmax_t smallestDatabase = 512;
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
     if (!std::filesystem::exists(status))
-        return;
+        return requireWritableFolder(file);
     if (!std::filesystem::is_regular_file(status))
         throw DatabaseFailure("not a plain file");
     const std::uintmax_t size = std::filesystem::file_size(file, error);

@@ -6,9 +6,11 @@
 #include "program/Load.h"
 #include "program/Report.h"
 #include "program/RunLog.h"
+#include "program/SameFiles.h"
 #include "program/SetUp.h"
 #include "program/debug/Debugger.h"
 #include "program/debug/LineReader.h"
+#include "rest/HostThread.h"
 
 #include <velkotx/Sequencer.h>
 
@@ -34,6 +36,7 @@ int converse(Debugger& debugger, LineReader& reader, const Streams& streams) {
 }  // namespace
 
 int debug(const DebugOptions& options, const Streams& streams) {
+    refuseSameFiles(options);
     Inputs inputs(streams.in);
     inputs.takeStandardInput();  // the commands
     startLog(options.log);
@@ -53,6 +56,7 @@ int debug(const DebugOptions& options, const Streams& streams) {
     sequencer.reset();
 
     const InterruptsBlocked blocked;
+    const HostThread registered;  // the runs have threads of their own
     Debugger debugger({options.document, options.procedure, document, nodes, setUp}, streams);
     return converse(debugger, *makeLineReader(streams.in), streams);
 }

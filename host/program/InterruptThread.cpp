@@ -1,12 +1,16 @@
-// Takes Ctrl-C on a thread of its own.
+// Takes signals on a thread of its own.
 #include "program/InterruptThread.h"
+
+#include "rest/HostThread.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -14,29 +18,35 @@ namespace velkotx::host {
 
 namespace {
 
-sigset_t interruptOnly() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGINT);
-    return signals;
+sigset_t maskOf(const Signals& signals) {
+    sigset_t mask;
+    sigemptyset(&mask);
+    for (const int number : signals)
+        sigaddset(&mask, number);
+    return mask;
 }
 
-int interruptDescriptor() {
-    const sigset_t signals = interruptOnly();
-    return signalfd(-1, &signals, SFD_CLOEXEC);
+int descriptorOf(const Signals& signals) {
+    const sigset_t mask = maskOf(signals);
+    return signalfd(-1, &mask, SFD_CLOEXEC);
 }
 
-bool isIgnored() {
+bool isIgnored(int number) {
     struct sigaction action {};
-    sigaction(SIGINT, nullptr, &action);
+    sigaction(number, nullptr, &action);
     return action.sa_handler == SIG_IGN;
+}
+
+Signals withoutIgnored(Signals signals) {
+    std::erase_if(signals, isIgnored);
+    return signals;
 }
 
 }  // namespace
 
-InterruptsBlocked::InterruptsBlocked() {
-    const sigset_t signals = interruptOnly();
-    pthread_sigmask(SIG_BLOCK, &signals, &before_);
+InterruptsBlocked::InterruptsBlocked(const Signals& signals) {
+    const sigset_t mask = maskOf(signals);
+    pthread_sigmask(SIG_BLOCK, &mask, &before_);
 }
 
 InterruptsBlocked::~InterruptsBlocked() {
@@ -52,11 +62,13 @@ InterruptThread::Descriptor::~Descriptor() {
     close(number_);
 }
 
-InterruptThread::InterruptThread(Handler handler)
+InterruptThread::InterruptThread(Handler handler, const Signals& signals)
     : handler_(std::move(handler)),
-      interrupted_(interruptDescriptor(), "signalfd"),
+      signals_(withoutIgnored(signals)),
+      blocked_(signals_),
+      interrupted_(descriptorOf(signals_), "signalfd"),
       over_(eventfd(0, EFD_CLOEXEC), "eventfd") {
-    if (!isIgnored())
+    if (!signals_.empty())
         thread_ = std::thread([this] { watch(); });
 }
 
@@ -68,6 +80,7 @@ InterruptThread::~InterruptThread() {
 }
 
 void InterruptThread::watch() const {
+    const HostThread registered;
     pollfd waited[] = {{interrupted_, POLLIN, 0}, {over_, POLLIN, 0}};
     for (;;) {
         while (poll(waited, 2, -1) < 0 && errno == EINTR) {
@@ -85,9 +98,11 @@ bool InterruptThread::over(int milliseconds) const {
     return poll(&waited, 1, milliseconds) > 0;
 }
 
-void InterruptThread::letThrough() const {
-    const sigset_t signals = interruptOnly();
-    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+void InterruptThread::letThrough(const Signals& signals) const {
+    Signals own;
+    std::ranges::set_intersection(signals, signals_, std::inserter(own, own.end()));
+    const sigset_t mask = maskOf(own);
+    pthread_sigmask(SIG_UNBLOCK, &mask, nullptr);
 }
 
 }  // namespace velkotx::host

@@ -1,16 +1,20 @@
-// Takes Ctrl-C on a thread of its own.
+// Takes signals, Ctrl-C above all, on a thread of its own.
 #pragma once
 
 #include <csignal>
 #include <functional>
+#include <set>
 #include <thread>
 
 namespace velkotx::host {
 
-// Blocks SIGINT in the thread that makes it, and in the threads that come from there, until it goes.
+// Numbers of signals.
+using Signals = std::set<int>;
+
+// Blocks the signals in the thread that makes it, and in the threads that come from there, until it goes.
 class InterruptsBlocked {
 public:
-    InterruptsBlocked();
+    explicit InterruptsBlocked(const Signals& signals = {SIGINT});
     ~InterruptsBlocked();
     InterruptsBlocked(const InterruptsBlocked&) = delete;
     InterruptsBlocked& operator=(const InterruptsBlocked&) = delete;
@@ -19,16 +23,16 @@ private:
     sigset_t before_;
 };
 
-// While it lives, each Ctrl-C (SIGINT) calls the handler, on a thread of its own. Does nothing in a process that ignores
-// SIGINT, such as a shell's background job.
+// While it lives, each of its signals calls the handler, on a thread of its own. Leaves alone those that the process ignores,
+// as a shell's background job does with SIGINT and what nohup starts does with SIGHUP.
 //
-// Made and destroyed on one thread, before other threads come into being: it blocks the signal in that thread and in
+// Made and destroyed on one thread, before other threads come into being: it blocks the signals in that thread and in
 // those that start from there. Throws std::system_error when the system is out of descriptors or threads.
 class InterruptThread {
 public:
     using Handler = std::function<void(const InterruptThread&)>;  // throws nothing
 
-    explicit InterruptThread(Handler handler);
+    explicit InterruptThread(Handler handler, const Signals& signals = {SIGINT});
     ~InterruptThread();
 
     InterruptThread(const InterruptThread&) = delete;
@@ -38,8 +42,8 @@ public:
 
     // Whether the object is going, waiting so many milliseconds for it; -1 waits until it does.
     bool over(int milliseconds) const;
-    // From now on Ctrl-C finds the system's own answer, which ends the process, as long as the handler stays.
-    void letThrough() const;
+    // From now on these of its signals find the system's own answer, which ends the process, as long as the handler stays.
+    void letThrough(const Signals& signals = {SIGINT}) const;
 
 private:
     class Descriptor {
@@ -57,6 +61,7 @@ private:
     void watch() const;
 
     const Handler handler_;
+    const Signals signals_;  // that the process doesn't ignore
     const InterruptsBlocked blocked_;
     const Descriptor interrupted_;
     const Descriptor over_;  // written when the object goes

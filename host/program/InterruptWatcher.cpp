@@ -1,4 +1,4 @@
-// Turns Ctrl-C into the cancellation of a run.
+// Turns Ctrl-C, and what else ends programs, into the cancellation of a run.
 #include "program/InterruptWatcher.h"
 
 #include <otx/value/COtxMap.h>
@@ -13,15 +13,18 @@ namespace {
 // How long to wait before a cancel that found nothing is asked for again.
 constexpr int retryMilliseconds = 20;
 
+const Signals cancelSignals{SIGINT, SIGTERM, SIGHUP};
+const Signals endSignals{SIGINT, SIGTERM};
+
 }  // namespace
 
 InterruptWatcher::InterruptWatcher(Sequencer& sequencer, std::function<void()> cancelling)
     : sequencer_(sequencer),
       cancelling_(std::move(cancelling)),
-      thread_([this](const InterruptThread& thread) { cancelRun(thread); }) {}
+      thread_([this](const InterruptThread& thread) { cancelRun(thread); }, cancelSignals) {}
 
 void InterruptWatcher::cancelRun(const InterruptThread& thread) const {
-    thread.letThrough();
+    thread.letThrough(endSignals);
     cancelling_();
     // A cancel that comes before the run's first node, or after its last, finds nothing to cancel and says so.
     while (!cancel() && !thread.over(retryMilliseconds)) {

@@ -1,4 +1,4 @@
-// Turns Ctrl-C into the cancellation of a run.
+// Turns Ctrl-C, and what else ends programs, into the cancellation of a run.
 #pragma once
 
 #include "program/InterruptThread.h"
@@ -11,9 +11,10 @@ class Sequencer;
 
 namespace velkotx::host {
 
-// While it lives, the first Ctrl-C (SIGINT) cancels the run of the Sequencer, from a thread of its own; the second
-// finds the system's own answer to the signal, which ends the process. Made, destroyed and refused as InterruptThread
-// is. The Sequencer has to outlive it.
+// While it lives, the first Ctrl-C (SIGINT), SIGTERM or hang-up of the terminal (SIGHUP) cancels the run of the Sequencer,
+// from a thread of its own; a Ctrl-C or SIGTERM behind it finds the system's own answer to the signal, which ends the
+// process. A hang-up never does: the system and the shell send one each. Made, destroyed and refused as InterruptThread is.
+// The Sequencer has to outlive it.
 class InterruptWatcher {
 public:
     // `cancelling` is called ahead of the cancellation, on that thread. It throws nothing.

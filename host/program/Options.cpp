@@ -25,8 +25,8 @@ constexpr const char* programFooter =
 
 constexpr const char* runFooter =
     "Exit status: 0 finished, 1 an OTX exception that the sequence didn't take, 2 bad usage or a\n"
-    "document that can't be loaded, 3 a runtime failure, 4 cancelled. Ctrl-C cancels the run, a\n"
-    "second one ends the program.\n"
+    "document that can't be loaded, 3 a runtime failure, 4 cancelled. Ctrl-C, SIGTERM and the hang-up\n"
+    "of the terminal cancel the run, a second Ctrl-C or SIGTERM ends the program.\n"
     "\n"
     "Examples:\n"
     "  velkotx run examples/04-sort.otx --arg 'responseTimes=[31,18,47,18,25]'\n"
@@ -77,9 +77,15 @@ std::string versionLine() {
     return GetComponentName() + " " + GetComponentVersion() + " " + GetComponentDate();
 }
 
-// An option that takes the name of a file.
-void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help) {
-    command.add_option(name, file, help)->type_name("FILE");
+// A variable of a shell that isn't set gives an empty word.
+std::string complaintAboutName(const std::string& name) {
+    return name.empty() ? "a name is needed" : "";
+}
+
+// An option that takes the name of a file, or of what else is told.
+void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help,
+             const std::string& type = "FILE") {
+    command.add_option(name, file, help)->type_name(type)->check(CLI::Validator(complaintAboutName, ""));
 }
 
 void addDocument(CLI::App& command, std::string& document,
@@ -122,9 +128,8 @@ void addSetUp(CLI::App& command, SetUpOptions& options) {
     addFile(command, "--vehicle", options.vehicleFile, "Talk to the simulated vehicle that this file describes");
     command.add_flag("--trace-pdu", options.tracePdu, "Write each PDU to standard error; needs --vehicle");
     addFile(command, "--persist", options.persistenceFile, "Keep the values that the sequence saves in this file");
-    command.add_option("--providers", options.providersFolder, "Find plug-ins of service providers in this folder")
-        ->type_name("DIR");
-    command.add_option("--store", options.storeFolder, "Let the sequence read the files of this folder")->type_name("DIR");
+    addFile(command, "--providers", options.providersFolder, "Find plug-ins of service providers in this folder", "DIR");
+    addFile(command, "--store", options.storeFolder, "Let the sequence read the files of this folder", "DIR");
     addLog(command, options.log);
 }
 

@@ -9,14 +9,17 @@
 #include "program/Report.h"
 #include "program/RunLog.h"
 #include "program/RunOperator.h"
+#include "program/SameFiles.h"
 #include "program/SetUp.h"
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
 #include "program/script/ScriptedHost.h"
+#include "rest/RestWatch.h"
 
 #include <velkotx/Sequencer.h>
 
 #include <atomic>
+#include <csignal>
 #include <memory>
 #include <optional>
 
@@ -59,12 +62,15 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
     });
     theOperator.start();
     host.start();
+    std::optional<RestWatch> rest(std::in_place, [&] { host.rests(); });
     Outcome outcome = runProcedure(sequencer, options.procedure, setUp.arguments(), options.startStopped);
+    rest.reset();
     host.finish();
     theOperator.finish();
+    std::signal(SIGHUP, SIG_IGN);  // one that comes behind the run, or a second one, leaves its outcome alone
     letLogAhead();
     // A run that is cancelled in its last statement comes to its end all the same.
-    if ((isInterrupted || theOperator.hasFailed()) && outcome.kind == Outcome::Kind::finished)
+    if ((isInterrupted || theOperator.hasFailed() || host.hasFailed()) && outcome.kind == Outcome::Kind::finished)
         return {Outcome::Kind::cancelled, COtxValue(), "cancelled", {}};
     return outcome;
 }
@@ -73,6 +79,7 @@ Outcome runToEnd(Sequencer& sequencer, const RunOptions& options, const SetUp& s
 
 int run(const RunOptions& options, const Streams& streams) {
     requireScriptForStops(options);
+    refuseSameFiles(options);
     Inputs inputs(streams.in);
     startLog(options.log);
     const SetUp setUp(inputs, options, streams.err);

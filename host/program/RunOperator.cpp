@@ -12,7 +12,7 @@ namespace velkotx::host {
 std::unique_ptr<RunOperator> RunOperator::atTerminal(Sequencer& sequencer, std::ostream& err) {
     std::unique_ptr<RunOperator> made(new RunOperator(sequencer));
     made->operator_ = std::make_shared<Operator>(
-        std::make_unique<Conversation>(made->port_, err), std::make_unique<TerminalInput>(STDIN_FILENO),
+        std::make_unique<Conversation>(made->port_, err), std::make_unique<TerminalInput>(STDIN_FILENO, &err),
         std::make_unique<Unattended>(WithoutOperator::fail, made->port_, err));
     return made;
 }

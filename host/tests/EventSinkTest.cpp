@@ -56,6 +56,14 @@ TEST(ForwardingEventSink, HandsOn) {
     EXPECT_THROW(ForwardingEventSink(nullptr), std::invalid_argument);
 }
 
+TEST(JsonLinesEventSink, WritesObjectsOnly) {
+    std::ostringstream out;
+    JsonLinesEventSink sink(out);
+    sink.sendRequest(COtxInt(5, COtxInt::Radix::Decimal));
+    sink.sendRequest(COtxString("a"));
+    EXPECT_EQ(out.str(), "{\"message\":5}\n{\"message\":\"a\"}\n");
+}
+
 TEST(FailingEventSink, RefusesTheMessageOfItsNumberOnly) {
     const auto target = std::make_shared<RecordingEventSink>();
     FailingEventSink sink(target, 2);

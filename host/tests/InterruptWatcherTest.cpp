@@ -6,10 +6,12 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstddef>
 #include <filesystem>
 #include <future>
+#include <initializer_list>
 #include <iterator>
 #include <mutex>
 #include <optional>
@@ -126,12 +128,61 @@ TEST_F(InterruptWatcherDeathTest, LeavesTheSecondInterruptToTheSystem) {
         testing::KilledBySignal(SIGINT), "");
 }
 
+// What a run of the program sees of the signals, one behind the other; the test's end is the end of the process.
+void takeSignals(const std::initializer_list<int>& signals) {
+    FakeSequencer sequencer;
+    std::promise<void> cancelled;
+    sequencer.control = [&](const std::string&) {
+        cancelled.set_value();  // a second call would throw
+        return COtxValue();
+    };
+    const InterruptWatcher watcher(sequencer);
+    kill(getpid(), *signals.begin());
+    cancelled.get_future().get();
+    std::for_each(signals.begin() + 1, signals.end(), [](int number) { kill(getpid(), number); });
+    for (;;)
+        pause();
+}
+
+TEST_F(InterruptWatcherDeathTest, TerminationAndHangUpCancelAsWell) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(takeSignals({SIGTERM, SIGTERM}), testing::KilledBySignal(SIGTERM), "");
+    EXPECT_EXIT(takeSignals({SIGHUP, SIGTERM}), testing::KilledBySignal(SIGTERM), "");
+    EXPECT_EXIT(takeSignals({SIGTERM, SIGINT}), testing::KilledBySignal(SIGINT), "");
+}
+
+TEST_F(InterruptWatcherDeathTest, ASecondHangUpEndsNothing) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(takeSignals({SIGHUP, SIGHUP, SIGINT}), testing::KilledBySignal(SIGINT), "");
+    EXPECT_EXIT(takeSignals({SIGINT, SIGHUP, SIGTERM}), testing::KilledBySignal(SIGTERM), "");
+}
+
 TEST_F(InterruptWatcherTest, LeavesAnIgnoredSignalAlone) {
+    for (const int number : {SIGTERM, SIGHUP}) {
+        const auto before = std::signal(number, SIG_IGN);
+        FakeSequencer sequencer;
+        sequencer.control = [&](const std::string&) -> COtxValue { throw std::logic_error("nothing is to be cancelled"); };
+        const InterruptWatcher watcher(sequencer);
+        sigset_t blocked;
+        pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+        EXPECT_EQ(sigismember(&blocked, number), 0);
+        EXPECT_TRUE(interruptIsBlocked());
+        std::signal(number, before);
+    }
+}
+
+TEST_F(InterruptWatcherTest, HasNoThreadWhereAllIsIgnored) {
     std::signal(SIGINT, SIG_IGN);
+    const auto terminated = std::signal(SIGTERM, SIG_IGN);
+    const auto hungUp = std::signal(SIGHUP, SIG_IGN);
     FakeSequencer sequencer;
     const std::ptrdiff_t before = threadsOfProcess();
-    const InterruptWatcher watcher(sequencer);
-    EXPECT_EQ(threadsOfProcess(), before);
+    {
+        const InterruptWatcher watcher(sequencer);
+        EXPECT_EQ(threadsOfProcess(), before);
+    }
+    std::signal(SIGTERM, terminated);
+    std::signal(SIGHUP, hungUp);
 }
 
 TEST_F(InterruptWatcherTest, BlocksTheSignalOnlyWhileItLives) {

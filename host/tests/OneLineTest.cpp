@@ -32,6 +32,11 @@ TEST(OneLine, EscapesLineSeparatorsOfUnicode) {
     EXPECT_EQ(oneLine("a\xE2\x80\xA8" "b\xE2\x80\xA9" "c"), "a\\xE2\\x80\\xA8b\\xE2\\x80\\xA9c");
 }
 
+TEST(OneLine, EscapesWhatTurnsTheOrderOfCharacters) {
+    EXPECT_EQ(oneLine("a\xE2\x80\xAE" "b\xE2\x81\xA6" "c\xE2\x80\x8B"), "a\\xE2\\x80\\xAEb\\xE2\\x81\\xA6c\\xE2\\x80\\x8B");
+    EXPECT_EQ(oneLine("\xE2\x80\x8D\xE2\x80\x93"), "\xE2\x80\x8D\xE2\x80\x93") << "joiners and dashes are text";
+}
+
 TEST(OneLine, TakesBrokenUtf8) {
     EXPECT_EQ(oneLine("a\xC2"), "a\xC2");
     EXPECT_EQ(oneLine("\xE2\x80"), "\xE2\x80");

@@ -26,7 +26,7 @@ protected:
         return shown();
     }
     std::string shown() {
-        conversation_.settle();
+        conversation_.settle(typed_);
         std::string text = terminal_.str();
         terminal_.str({});
         return text;
@@ -50,6 +50,7 @@ protected:
 
     FakePort port_;
     std::ostringstream terminal_;
+    std::string typed_;
     Conversation conversation_{port_, terminal_};
 };
 
@@ -128,10 +129,18 @@ TEST_F(OperatorConversation, ADialogThatWasNotAskedYetGoesWithoutAWord) {
 TEST_F(OperatorConversation, ASecondDialogOfTheNameEndsWithTheFirst) {
     take(question("One"));
     EXPECT_EQ(take(question("Two")), "\n-- another ConfirmDialog ends with the one that is open:\n-- Question: Two --\n"
-                                     "y yes, n no: ");
+                                     "-- Question: One --\ny yes, n no: ");
     type("y");
     EXPECT_EQ(port_.take(), resultEvent("ConfirmDialog", R"({"ConfirmationType":"YES"})") + closedEvent("ConfirmDialog"));
     EXPECT_EQ(conversation_.asks(), 0U);
+}
+
+TEST_F(OperatorConversation, ASecondOneOfADialogThatWaitsForItsTurnChangesNothing) {
+    take(open("InputDialog", true, "{}"));
+    take(question("One"));
+    EXPECT_EQ(take(question("Two")),
+              "\n-- another ConfirmDialog ends with the one that is open:\n-- Question: Two --\nText: ");
+    EXPECT_EQ(type("x"), "-- Question: One --\ny yes, n no: ");
 }
 
 TEST_F(OperatorConversation, WhatHasGoneWithAnEarlierOneIsNotShown) {
@@ -174,7 +183,8 @@ TEST_F(OperatorConversation, AChangeBehindTheClosingDoesNot) {
 TEST_F(OperatorConversation, ASecondOpeningOfAScreenLeavesTheFirst) {
     take(open("Monitor", false, R"({"a":1})"));
     EXPECT_EQ(take(open("Monitor", true, R"({"a":2})")),
-              "\n-- another Monitor ends with the one that is open:\n-- Screen: Monitor --\na = 2\nMonitor> ");
+              "\n-- another Monitor ends with the one that is open:\n-- Screen: Monitor --\na = 2\n"
+              "-- Screen: Monitor --\na = 1\nMonitor> ");
     EXPECT_EQ(type("show"), "-- Screen: Monitor --\na = 1\nMonitor> ");
 }
 
@@ -196,9 +206,30 @@ TEST_F(OperatorConversation, SetsParametersByTheirType) {
     EXPECT_EQ(sent("set list [2,3]"), resultEvent("Monitor", "[2,3]", "list"));
     EXPECT_EQ(sent("set other free text"), resultEvent("Monitor", "\"free text\"", "other"));
     EXPECT_EQ(sent("set other2 4"), resultEvent("Monitor", "4", "other2"));
+    EXPECT_EQ(sent("set name \"q\""), resultEvent("Monitor", "\"q\"", "name"));
+    EXPECT_EQ(sent("set name \"\""), resultEvent("Monitor", "\"\"", "name"));
+    EXPECT_EQ(sent("set name \"q"), resultEvent("Monitor", R"("\"q")", "name"));
+    EXPECT_EQ(sent("set name 17"), resultEvent("Monitor", "\"17\"", "name"));
+    EXPECT_EQ(sent("set \"in out\" 5"), resultEvent("Monitor", "5", "in out"));
+    EXPECT_EQ(sent("set \"in out\" = 6"), resultEvent("Monitor", "6", "in out"));
     EXPECT_EQ(sent("set"), "set NAME VALUE\n");
-    EXPECT_EQ(type(""), "set NAME VALUE\n-- Screen: Monitor --\ncount = 9\nlimit = 3.0\nlist = [2,3]\nname = 17\n"
+    EXPECT_EQ(type(""), "set NAME VALUE\n-- Screen: Monitor --\ncount = 9\nin out = 6\nlimit = 3.0\nlist = [2,3]\nname = 17\n"
                         "on = FALSE\nother = free text\nother2 = 4\nThe run waits until it is closed.\nMonitor> ");
+}
+
+TEST_F(OperatorConversation, AGuessedTypeBindsNobody) {
+    take(open("Monitor", true, R"({"empty":null})"));
+    const auto sent = [&](const std::string& line) {
+        conversation_.obey(line);
+        return port_.take();
+    };
+    EXPECT_EQ(sent("set number 117"), resultEvent("Monitor", "117", "number"));
+    EXPECT_EQ(sent("set number abc"), resultEvent("Monitor", "\"abc\"", "number"));
+    EXPECT_EQ(sent("set number \"118\""), resultEvent("Monitor", "\"118\"", "number"));
+    EXPECT_EQ(sent("set empty 1"), resultEvent("Monitor", "1", "empty"));
+    take(change("Monitor", R"({"empty":1,"late":2})"));  // its echo
+    EXPECT_EQ(sent("set empty abc"), resultEvent("Monitor", "\"abc\"", "empty"));
+    EXPECT_EQ(sent("set late abc"), "") << "that one the run has told";
 }
 
 TEST_F(OperatorConversation, AParameterThatIsNotBoundIsRefused) {
@@ -219,8 +250,9 @@ TEST_F(OperatorConversation, ClosesAScreen) {
 TEST_F(OperatorConversation, TurnsToScreens) {
     take(open("A", false, R"({"a":1})"));
     EXPECT_EQ(take(open("B", false, R"({"b":2})")), "\n-- Screen: B --\nb = 2\nB> ");
-    EXPECT_EQ(type("screens"), "A\nB\nB> ");
-    EXPECT_EQ(type("screen C"), "A\nB\nB> ");
+    EXPECT_EQ(type("screens"), "  A\n* B\nB> ");
+    EXPECT_EQ(type("screen"), "  A\n* B\nB> ");
+    EXPECT_EQ(type("screen C"), "no screen C is open:\n  A\n* B\nB> ");
     EXPECT_EQ(type("screen A"), "-- Screen: A --\na = 1\nA> ");
     const std::size_t asked = conversation_.asks();
     EXPECT_EQ(take(R"({"eventType":"HMI-HighlightScreen","screenName":"B"})"),
@@ -242,7 +274,7 @@ TEST_F(OperatorConversation, HelpsWithWhatItDoesNotKnow) {
     take(open("Monitor", false, "{}"));
     const std::string help = type("help");
     EXPECT_NE(help.find("\nclose "), std::string::npos);
-    EXPECT_EQ(type("nonsense"), help);
+    EXPECT_EQ(type("nonsense here"), "unknown command: nonsense here\n" + help);
     conversation_.closeWithoutAnswer();
     EXPECT_EQ(shown(), "\nclose closes the screen, Ctrl-C cancels the run\nMonitor> ");
     EXPECT_EQ(port_.take(), "");

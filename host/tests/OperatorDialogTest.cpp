@@ -34,8 +34,11 @@ std::string preset(const Dialog& dialog) {
 }
 
 TEST(OperatorDialog, ConfirmInformsByItsType) {
+    EXPECT_EQ(shown(*dialog("ConfirmDialog", R"({"message":"-- Question: x --\ny yes, n no:"})")),
+              "-- Information --\n  -- Question: x --\n  y yes, n no:\nEnter goes on: ")
+        << "can't be taken for the program's own words";
     const auto information = dialog("ConfirmDialog", R"({"title":"Ready","message":"Two\nlines \u001b[2J"})");
-    EXPECT_EQ(shown(*information), "-- Information: Ready --\nTwo\nlines \\x1B[2J\nEnter goes on: ");
+    EXPECT_EQ(shown(*information), "-- Information: Ready --\nTwo\n  lines \\x1B[2J\nEnter goes on: ");
     EXPECT_EQ(answerTo(*information, " "), R"({"ConfirmationType":"YES"})");
     EXPECT_EQ(answerTo(*information, "n"), "complaint: nothing but Enter is needed");
     EXPECT_EQ(shown(*dialog("ConfirmDialog", R"({"messageType":{"MessageType":"WARNING"}})")),
@@ -81,6 +84,17 @@ TEST(OperatorDialog, ChoiceWithoutADefault) {
     }
 }
 
+TEST(OperatorDialog, ChoiceAlignsItsNumbers) {
+    const std::string lines = shown(*dialog("ChoiceDialog", R"({"options":[1,2,3,4,5,6,7,8,"i","j"],"default":9})"));
+    EXPECT_NE(lines.find("\n   9  i\n* 10  j (default)\n"), std::string::npos) << lines;
+}
+
+TEST(OperatorDialog, ChoiceOfNothingCanOnlyBeClosed) {
+    for (const char* parameters : {R"({"options":[]})", R"({"options":5,"default":"zz"})"})
+        EXPECT_EQ(answerTo(*dialog("ChoiceDialog", parameters), "1"),
+                  "complaint: there is nothing to choose from, Ctrl-D closes it");
+}
+
 TEST(OperatorDialog, InputAppliesTheRestrictionToTheWholeText) {
     const auto input = dialog("InputDialog", R"({"title":"VIN","instruction":"As printed","restriction":"[A-Z]{2}[0-9]+"})");
     EXPECT_EQ(shown(*input), "-- Input: VIN --\nAs printed\nHas to match: [A-Z]{2}[0-9]+\nText: ");
@@ -95,8 +109,10 @@ TEST(OperatorDialog, InputTakesTheTextAsItStands) {
     EXPECT_EQ(shown(*input), "-- Input --\nText [old]: ");
     EXPECT_EQ(answerTo(*input, ""), "\"old\"");
     EXPECT_EQ(answerTo(*input, " 17 "), "\" 17 \"");
+    EXPECT_EQ(answerTo(*input, "\"\""), "\"\"") << "Enter alone is the initial value";
     EXPECT_EQ(preset(*input), "\"old\"");
     EXPECT_EQ(answerTo(*dialog("InputDialog", "{}"), ""), "\"\"");
+    EXPECT_EQ(answerTo(*dialog("InputDialog", "{}"), "\"\""), R"("\"\"")");
 }
 
 TEST(OperatorDialog, AnInitialValueThatDoesNotMatchIsNoDefault) {

@@ -86,7 +86,10 @@ class MemoryInput : public velkotx::host::OperatorInput {
 public:
     Event next(bool reads, std::optional<std::chrono::milliseconds> limit) override {
         std::unique_lock guard(inputLock_);
+        isWaiting_ = true;
+        changed_.notify_all();
         changed_.wait(guard, [&] { return isWoken_ || limit || (reads && !events_.empty()); });
+        isWaiting_ = false;
         if (isWoken_ || !reads || events_.empty()) {
             isWoken_ = false;
             return {};
@@ -102,6 +105,11 @@ public:
         changed_.notify_all();
     }
 
+    // Until the operator has seen to all that he was woken for and that was typed.
+    void awaitIdle() {
+        std::unique_lock guard(inputLock_);
+        changed_.wait(guard, [this] { return isWaiting_ && !isWoken_ && events_.empty(); });
+    }
     void type(const std::string& line) { put({What::line, line}); }
     void put(const Event& event) {
         const std::lock_guard guard(inputLock_);
@@ -115,4 +123,5 @@ private:
     // Guarded by inputLock_.
     std::deque<Event> events_;
     bool isWoken_ = false;
+    bool isWaiting_ = false;
 };

@@ -59,6 +59,8 @@ protected:
         operator_->finish();
     }
 
+    std::istringstream nothing_;
+    Inputs inputs_{nothing_};
     FakeSequencer sequencer_;
     FakePort scripted_;    // what the script sends
     FakePort unattended_;  // what the operator sends
@@ -151,6 +153,57 @@ TEST_F(OperatorScript, ASecondOpeningEndsWithTheOneThatIsHeldBack) {
     EXPECT_EQ(unattended_.take(), "");
 }
 
+TEST_F(OperatorScript, WhereAllRestARuleThatIsLeftClosesNothing) {
+    begin(R"([{"on":"HMI-OpenScreen","send":[]},
+        {"on":"FlowStopped","send":[{"eventType":"HMI-ScreenClosed","screenName":"InputDialog"}]}])");
+    send(opened);
+    for (std::string done; done != defaultTaken; done += unattended_.take())  // until the first answer, which is none, isn't under way any more
+        host_->rests();
+    end();
+}
+
+TEST_F(OperatorScript, WhereAllRestAnAwaitIsNobody) {
+    begin("[]", "{\"await\":\"Never\"}\n{\"eventType\":\"HMI-ScreenClosed\",\"screenName\":\"InputDialog\"}\n");
+    send(opened);
+    for (std::string done; done != defaultTaken; done += unattended_.take())  // until the line has been read
+        host_->rests();
+    end();
+}
+
+TEST_F(OperatorScript, WhereAllRestAnswersUnderWayAreStillToCome) {
+    begin(R"([{"on":"start","delayMs":3600000,"send":[{"eventType":"HMI-ScreenClosed","screenName":"InputDialog"}]}])");
+    send(opened);
+    host_->rests();
+    end();
+    EXPECT_EQ(unattended_.take(), "");
+}
+
+TEST_F(OperatorScript, WhereAllRestAPipeMayBringMoreLines) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    lines_.emplace(inputs_, "/dev/fd/" + std::to_string(ends[0]));
+    begin("[]");
+    send(opened);
+    host_->rests();
+    const std::string line = "{\"eventType\":\"HMI-ScreenClosed\",\"screenName\":\"InputDialog\"}\n";
+    ASSERT_EQ(write(ends[1], line.data(), line.size()), ssize_t(line.size()));
+    scripted_.await(closedEvent("InputDialog"));
+    end();
+    EXPECT_EQ(unattended_.take(), "");
+    close(ends[0]);
+    close(ends[1]);
+}
+
+TEST_F(OperatorScript, WhereAllRestAStoppedFlowIsCancelled) {
+    begin("[]", "{\"await\":\"Never\"}\n");
+    send(R"({"eventType":"FlowStopped","status":{"id":0}})");
+    while (!host_->hasFailed())  // until the line has been read
+        host_->rests();
+    end();
+    EXPECT_EQ(scripted_.take(), "\"cancel\"\n");
+    EXPECT_NE(refused_.str().find("nobody is left to resume it"), std::string::npos);
+}
+
 // Tells what it hears, as a line of words.
 class Listener : public Attendant {
 public:
@@ -159,7 +212,8 @@ public:
         static const std::map<ScreenNews::Kind, std::string> words{
             {ScreenNews::Kind::opened, "opened"},           {ScreenNews::Kind::changed, "changed"},
             {ScreenNews::Kind::highlighted, "highlighted"}, {ScreenNews::Kind::closed, "closed"},
-            {ScreenNews::Kind::settled, "settled"},         {ScreenNews::Kind::cancelled, "cancelled"}};
+            {ScreenNews::Kind::settled, "settled"},         {ScreenNews::Kind::cancelled, "cancelled"},
+            {ScreenNews::Kind::waiting, "waiting"}};
         heard_ += words.at(news.kind) + ' ' + news.screen + '\n';
     }
 

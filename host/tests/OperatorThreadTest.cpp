@@ -11,11 +11,15 @@
 #include <gtest/gtest.h>
 
 #include <pty.h>
+#include <termios.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <functional>
+#include <mutex>
 #include <sstream>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -132,7 +136,90 @@ TEST(OperatorThreads, ALineAnswersOnlyWhatItWasTypedFor) {
     port.await(closedEvent("InputDialog"));
     theOperator.finish();
     EXPECT_EQ(port.take(), resultEvent("InputDialog", "\"text\"") + closedEvent("InputDialog"));
-    EXPECT_NE(terminal.str().find("the line is dropped"), std::string::npos);
+    EXPECT_NE(terminal.str().find("what was typed is dropped"), std::string::npos);
+}
+
+// A keyboard at which a line is typed in part.
+class SlowInput : public MemoryInput {
+public:
+    std::string typed() const override {
+        const std::lock_guard guard(typedLock_);
+        return typed_;
+    }
+    bool discard() override {
+        const std::lock_guard guard(typedLock_);
+        return !std::exchange(typed_, {}).empty();
+    }
+    void typePart(const std::string& part) {
+        const std::lock_guard guard(typedLock_);
+        typed_ = part;
+    }
+
+private:
+    mutable std::mutex typedLock_;
+    std::string typed_;  // guarded by typedLock_
+};
+
+class OperatorTypesSlowly : public testing::Test {
+protected:
+    OperatorTypesSlowly() {
+        auto made = std::make_unique<SlowInput>();
+        keyboard_ = made.get();
+        operator_.emplace(std::make_unique<Conversation>(port_, terminal_), std::move(made), nullptr);
+        operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-OpenScreen","screenName":"M","parameters":{"a":1}})"));
+        operator_->start();
+        keyboard_->awaitIdle();
+        keyboard_->typePart("set b");
+    }
+
+    FakePort port_;
+    std::ostringstream terminal_;
+    SlowInput* keyboard_ = nullptr;
+    std::optional<Operator> operator_;
+};
+
+TEST_F(OperatorTypesSlowly, ARefreshLeavesWhatIsTyped) {
+    operator_->sendRequest(
+        OTX::FromJSON(R"({"eventType":"HMI-InParameterValueChanged","screenName":"M","parameters":{"a":2}})"));
+    keyboard_->awaitIdle();
+    keyboard_->type("set b 2");
+    port_.await(resultEvent("M", "2", "b"));
+    operator_->finish();
+    EXPECT_NE(terminal_.str().find("a = 2\nM> set b"), std::string::npos) << terminal_.str();
+    EXPECT_EQ(terminal_.str().find("dropped"), std::string::npos) << terminal_.str();
+}
+
+TEST_F(OperatorTypesSlowly, WhatWasTypedForAScreenAnswersNoDialog) {
+    operator_->sendRequest(OTX::FromJSON(input));
+    keyboard_->awaitIdle();
+    operator_->finish();
+    EXPECT_EQ(keyboard_->typed(), "");
+    EXPECT_NE(terminal_.str().find("M> \n-- what was typed is dropped, it was for something else\n-- Input --\nText: \n"),
+              std::string::npos)
+        << terminal_.str();
+}
+
+TEST_F(OperatorTypesSlowly, WhatWasTypedForADialogIsNoCommand) {
+    operator_->sendRequest(OTX::FromJSON(question));
+    keyboard_->awaitIdle();
+    keyboard_->typePart("y");
+    operator_->sendRequest(OTX::FromJSON(R"({"eventType":"HMI-CloseScreen","screenName":"ConfirmDialog"})"));
+    keyboard_->awaitIdle();
+    operator_->finish();
+    EXPECT_EQ(keyboard_->typed(), "");
+    EXPECT_NE(terminal_.str().find("the run has closed it\n-- what was typed is dropped"), std::string::npos)
+        << terminal_.str();
+}
+
+TEST_F(OperatorThread, WhatIsTypedAheadOfTheNextDialogIsForIt) {
+    keyboard_->type("y");
+    keyboard_->type("text");
+    operator_->sendRequest(OTX::FromJSON(question));
+    port_.await(closedEvent("ConfirmDialog"));
+    operator_->sendRequest(OTX::FromJSON(input));
+    port_.await(closedEvent("InputDialog"));
+    operator_->finish();
+    EXPECT_NE(port_.take().find(resultEvent("InputDialog", "\"text\"")), std::string::npos);
 }
 
 TEST(OperatorInbox, KeepsTheLatestChangeOnly) {
@@ -201,6 +288,72 @@ TEST(OperatorTerminalInput, TakesLines) {
         EXPECT_EQ(event.what, OperatorInput::What::line);
         EXPECT_EQ(event.line, line);
     }
+}
+
+bool isCanonical(int terminal) {
+    termios mode{};
+    return tcgetattr(terminal, &mode) == 0 && (mode.c_lflag & ICANON) != 0 && (mode.c_lflag & ECHO) != 0;
+}
+
+TEST(OperatorTerminalInput, EditsTheLineItself) {
+    PseudoTerminal terminal;
+    std::ostringstream echo;
+    TerminalInput keyboard(terminal.inner, &echo);
+    keyboard.prepare();
+    terminal.type("sot\x7Fme\none mo");
+    EXPECT_EQ(keyboard.next(true, {}).line, "some");
+    keyboard.wake();
+    while (keyboard.typed() != "one mo")
+        keyboard.next(true, std::chrono::milliseconds(0));
+    EXPECT_EQ(echo.str(), "sot\b \bme\none mo");
+    terminal.type("\x15\x04" "re\n");
+    EXPECT_EQ(keyboard.next(true, {}).what, OperatorInput::What::noAnswer);
+    EXPECT_EQ(keyboard.next(true, {}).line, "re");
+}
+
+TEST(OperatorTerminalInput, ForgetsWhatWasTyped) {
+    PseudoTerminal terminal;
+    std::ostringstream echo;
+    TerminalInput keyboard(terminal.inner, &echo);
+    keyboard.prepare();
+    EXPECT_FALSE(keyboard.discard());
+    terminal.type("one\ntwo\nthr");
+    EXPECT_EQ(keyboard.next(true, {}).line, "one");
+    EXPECT_TRUE(keyboard.discard());
+    EXPECT_FALSE(keyboard.discard());
+    terminal.type("y\n");
+    EXPECT_EQ(keyboard.next(true, {}).line, "y");
+}
+
+TEST(OperatorTerminalInput, LeavesTheTerminalAsItWas) {
+    PseudoTerminal terminal;
+    std::ostringstream echo;
+    {
+        TerminalInput keyboard(terminal.inner, &echo);
+        EXPECT_TRUE(isCanonical(terminal.inner));
+        keyboard.prepare();
+        EXPECT_FALSE(isCanonical(terminal.inner));
+    }
+    EXPECT_TRUE(isCanonical(terminal.inner));
+    TerminalInput cancelled(terminal.inner, &echo);
+    cancelled.prepare();
+    cancelled.restore();
+    cancelled.prepare();
+    EXPECT_TRUE(isCanonical(terminal.inner));
+}
+
+TEST(OperatorTerminalInput, TakesTheTerminalBackWhenItGoesOn) {
+    PseudoTerminal terminal;
+    std::ostringstream echo;
+    TerminalInput keyboard(terminal.inner, &echo);
+    termios asItWas{};
+    ASSERT_EQ(tcgetattr(terminal.inner, &asItWas), 0);
+    keyboard.prepare();
+    tcsetattr(terminal.inner, TCSANOW, &asItWas);  // as a shell does
+    std::raise(SIGCONT);
+    EXPECT_EQ(keyboard.next(true, {}).what, OperatorInput::What::woken);
+    keyboard.prepare();
+    EXPECT_FALSE(isCanonical(terminal.inner));
 }
 
 TEST(OperatorTerminalInput, CtrlDIsNoAnswerAndLinesMayFollow) {

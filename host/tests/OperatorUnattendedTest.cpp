@@ -65,11 +65,62 @@ TEST_F(OperatorUnattended, WithoutADefaultADialogIsClosedWithoutAnAnswer) {
     }
 }
 
-TEST_F(OperatorUnattended, DefaultClosesScreens) {
-    for (const bool modal : {true, false}) {
-        EXPECT_EQ(take(WithoutOperator::defaults, "M", R"({"a":1})", modal), "M: nobody is there, closed\n");
-        EXPECT_EQ(port_.take(), closedEvent("M"));
+TEST_F(OperatorUnattended, DefaultClosesModalScreensAtOnce) {
+    EXPECT_EQ(take(WithoutOperator::defaults, "M", R"({"a":1})"), "M: nobody is there, closed\n");
+    EXPECT_EQ(port_.take(), closedEvent("M"));
+}
+
+// What is said and done each time that the run waits.
+class OperatorUnattendedWaiting : public OperatorUnattended {
+protected:
+    void open(const std::string& screen, const std::string& parameters = "{}") {
+        nobody().take(news(R"({"eventType":"HMI-OpenScreen","screenName":")" + screen + R"(","parameters":)" + parameters + "}"));
     }
+    std::string wait() {
+        nobody().take({ScreenNews::Kind::waiting, {}, false, {}});
+        std::string said = err_.str() + port_.take();
+        err_.str({});
+        return said;
+    }
+    Unattended& nobody() { return mode_ == WithoutOperator::fail ? failing_ : defaults_; }
+
+    WithoutOperator mode_ = WithoutOperator::fail;
+    Unattended failing_{WithoutOperator::fail, port_, err_};
+    Unattended defaults_{WithoutOperator::defaults, port_, err_};
+};
+
+const std::string cannotGoOn = ": the run waits and nobody is there to close it or to set what it gives out, the run is cancelled\n";
+
+TEST_F(OperatorUnattendedWaiting, FailCancelsAndNamesAllThatIsOpen) {
+    open("A", R"({"a":1})");
+    open("B");
+    open("A", R"({"a":9})");
+    open("C");
+    nobody().take(news(R"({"eventType":"HMI-InParameterValueChanged","screenName":"A","parameters":{"a":2}})"));
+    nobody().take(news(R"({"eventType":"HMI-CloseScreen","screenName":"B"})"));
+    port_.forget("C");
+    EXPECT_EQ(wait(), "A" + cannotGoOn + "  a = 2\ncancel\n");
+    EXPECT_TRUE(nobody().hasFailed());
+    EXPECT_EQ(wait(), "") << "once is enough";
+}
+
+TEST_F(OperatorUnattendedWaiting, FailHasNothingToDoWithoutScreens) {
+    EXPECT_EQ(wait(), "");
+    EXPECT_FALSE(nobody().hasFailed());
+}
+
+TEST_F(OperatorUnattendedWaiting, DefaultClosesTheNewestEachTimeAndThenCancels) {
+    mode_ = WithoutOperator::defaults;
+    EXPECT_EQ(wait(), "") << "no screen was ever open";
+    open("A");
+    open("B");
+    EXPECT_EQ(err_.str() + port_.take(), "") << "the run may have a use for them";
+    EXPECT_EQ(wait(), "B: nobody is there, closed\n" + closedEvent("B"));
+    EXPECT_EQ(wait(), "A: nobody is there, closed\n" + closedEvent("A"));
+    EXPECT_FALSE(nobody().hasFailed());
+    EXPECT_EQ(wait(), "the run waits, no screen is open any more and nobody is there, it is cancelled\ncancel\n");
+    EXPECT_TRUE(nobody().hasFailed());
+    EXPECT_EQ(wait(), "");
 }
 
 TEST_F(OperatorUnattended, DefaultSaysWhatIsRefused) {

@@ -4,6 +4,7 @@
 #include <otx/value/IException.h>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
@@ -101,6 +102,24 @@ TEST_F(PersistenceFile, ThatCantBeWrittenIsRefused) {
     write(changed);
     EXPECT_EQ(refusal(), "the file can't be written");
     EXPECT_EQ(bytes(), changed);
+}
+
+TEST_F(PersistenceFile, InAFolderThatCantBeWrittenIsRefused) {
+    using std::filesystem::perms;
+    constexpr perms readable{0555};
+    const auto refusalForOthers = [&] {
+        std::filesystem::permissions(folder, readable);
+        const bool isSuperuser = geteuid() == 0;  // who may write everywhere
+        EXPECT_EQ(isSuperuser ? seteuid(65534) : 0, 0);
+        std::string refused = refusal();
+        EXPECT_EQ(isSuperuser ? seteuid(0) : 0, 0);
+        std::filesystem::permissions(folder, perms::owner_all);
+        return refused;
+    };
+    EXPECT_EQ(refusalForOthers(), "the folder can't be written");
+    save({{"x", "1"}});
+    std::filesystem::permissions(file, perms::all);
+    EXPECT_EQ(refusalForOthers(), "the file or its folder can't be written");
 }
 
 TEST_F(PersistenceFile, WithMoreInItThanValuesIsRefused) {

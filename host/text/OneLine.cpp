@@ -14,13 +14,24 @@ void appendHex(std::string& line, unsigned char byte) {
     line += digits[byte & 0xFU];
 }
 
-// The number of bytes, from `at` on, of a control character or line separator beyond ASCII, as UTF-8; 0 for all else.
+// Characters that can't be seen and change the order in which others are, or hide among them.
+constexpr std::string_view unseen[]{
+    "\xD8\x9C",                                                                                    // U+061C
+    "\xE2\x80\x8B", "\xE2\x80\x8E", "\xE2\x80\x8F",                                              // U+200B, U+200E, U+200F
+    "\xE2\x80\xA8", "\xE2\x80\xA9",                                                               // U+2028, U+2029
+    "\xE2\x80\xAA", "\xE2\x80\xAB", "\xE2\x80\xAC", "\xE2\x80\xAD", "\xE2\x80\xAE",              // U+202A to U+202E
+    "\xE2\x81\xA6", "\xE2\x81\xA7", "\xE2\x81\xA8", "\xE2\x81\xA9",                              // U+2066 to U+2069
+    "\xEF\xBB\xBF",                                                                               // U+FEFF
+};
+
+// The number of bytes, from `at` on, of a control character or one of the unseen beyond ASCII, as UTF-8; 0 for all else.
 std::size_t wideControlLength(std::string_view text, std::size_t at) {
     const std::string_view rest = text.substr(at);
     if (rest.size() >= 2 && rest[0] == '\xC2' && static_cast<unsigned char>(rest[1]) < 0xA0)
         return 2;  // U+0080 to U+009F
-    if (rest.substr(0, 3) == "\xE2\x80\xA8" || rest.substr(0, 3) == "\xE2\x80\xA9")
-        return 3;  // U+2028, U+2029
+    for (const std::string_view character : unseen)
+        if (rest.starts_with(character))
+            return character.size();
     return 0;
 }
 

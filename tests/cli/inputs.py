@@ -178,7 +178,100 @@ def closing(_):
     return operator_procedure(flow, [], variable("monitor", "hmi:Screen"))
 
 
+def open_screen(identity, screen, handle, arguments=""):
+    content = f'<hmi:screenHandle name="{handle}"/>' + (f"<hmi:arguments>{arguments}</hmi:arguments>" if arguments else "")
+    return action(identity, f'<realisation xsi:type="hmi:OpenScreen" screen="{screen}">{content}</realisation>')
+
+
+def wait(identity, source_type, content):
+    source = f'<event:source xsi:type="{source_type}">{content}</event:source>'
+    return action(identity, f'<realisation xsi:type="event:WaitForEvent">{source}</realisation>')
+
+
+def wait_for_closing(identity, handle):
+    return wait(identity, "hmi:ScreenClosedEventSource", f'<hmi:screen xsi:type="hmi:ScreenValue" valueOf="{handle}"/>')
+
+
+def given_value(_):
+    """Waits until somebody sets what a screen gives out."""
+    bound = '<hmi:outArg param="axle"><hmi:variable xsi:type="IntegerVariable" name="axle"/></hmi:outArg>'
+    flow = open_screen("a1", "Settings", "settings", bound) + wait(
+        "a2", "event:MonitorChangeEventSource", '<event:variable xsi:type="IntegerVariable" name="axle"/>'
+    )
+    return operator_procedure(flow, [("axle", "Integer")], variable("settings", "hmi:Screen"))
+
+
+def closings(_):
+    """Three screens; waits for the closing of the second, then for that of the first."""
+    names = ("first", "second", "third")
+    flow = "".join(open_screen(f"a-{name}", name, name) for name in names)
+    flow += wait_for_closing("w1", "second") + wait_for_closing("w2", "first")
+    return operator_procedure(flow, [], "".join(variable(name, "hmi:Screen") for name in names))
+
+
+def changing(_):
+    """A screen with a value that changes while the run waits for its closing."""
+    bound = '<hmi:inArg param="count"><hmi:variable xsi:type="IntegerVariable" name="count"/></hmi:inArg>'
+    flow = (
+        open_screen("a1", "Monitor", "monitor", bound)
+        + wait("a2", "event:TimerExpiredEventSource", '<event:timeout xsi:type="IntegerLiteral" value="300"/>')
+        + action(
+            "a3",
+            '<realisation xsi:type="Assignment"><result xsi:type="IntegerVariable" name="count"/>'
+            '<term xsi:type="IntegerLiteral" value="7"/></realisation>',
+        )
+        + wait_for_closing("a4", "monitor")
+    )
+    return operator_procedure(flow, [("count", "Integer", '<init value="1"/>')], variable("monitor", "hmi:Screen"))
+
+
+def session(_):
+    """Enters the extended session of a control unit, which is kept alive, and waits for the closing of a screen."""
+    channel = '<diag:comChannel xsi:type="diag:ComChannelValue" valueOf="channel"/>'
+    parameter = (
+        "<diag:requestParam>" + string("diag:value", "extended")
+        + "<diag:path>" + string("stepByName", "Session") + "</diag:path></diag:requestParam>"
+    )
+    flow = (
+        action(
+            "c1",
+            '<realisation xsi:type="Assignment"><result xsi:type="diag:ComChannelVariable" name="channel"/>'
+            f'<term xsi:type="diag:GetComChannel">{string("diag:identifier", "Engine")}</term></realisation>',
+        )
+        + action(
+            "c2",
+            '<realisation xsi:type="diag:ExecuteDiagService"><diag:diagService xsi:type="diag:CreateDiagServiceByName">'
+            f'{channel}{string("diag:name", "StartSession")}</diag:diagService>'
+            f"<diag:requestParameters>{parameter}</diag:requestParameters></realisation>",
+        )
+        + open_screen("a1", "Monitor", "monitor")
+        + wait_for_closing("a2", "monitor")
+    )
+    variables = variable("monitor", "hmi:Screen") + variable("channel", "diag:ComChannel")
+    return operator_procedure(flow, [], variables).replace(" id=", f' xmlns:diag="{CORE}/DiagCom" id=', 1)
+
+
+def timer(_):
+    """A screen that stays open while the sequence waits for its timer, a while in each of two lanes."""
+    pause = '<event:timeout xsi:type="IntegerLiteral" value="{}"/>'
+    lanes = "".join(
+        f'<lane id="l{number}">{wait(f"w{number}", "event:TimerExpiredEventSource", pause.format(number * 400))}</lane>'
+        for number in (1, 2)
+    )
+    flow = (
+        open_screen("a1", "Monitor", "monitor")
+        + f'<parallel id="x"><realisation>{lanes}</realisation></parallel>'
+        + action("a3", '<realisation xsi:type="hmi:CloseScreen"><hmi:screen name="monitor"/></realisation>')
+    )
+    return operator_procedure(flow, [], variable("monitor", "hmi:Screen"))
+
+
 GENERATORS = {
+    "given-value": given_value,
+    "closings": closings,
+    "changing": changing,
+    "session": session,
+    "timer": timer,
     "dialogs": dialogs,
     "screens": screens,
     "closing": closing,

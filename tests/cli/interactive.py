@@ -30,6 +30,11 @@ def example(name):
     return os.path.join(OPTIONS.examples, name)
 
 
+def take_signals():
+    for number in (signal.SIGINT, signal.SIGHUP):  # a background job's children ignore them
+        signal.signal(number, signal.SIG_DFL)
+
+
 class Running:
     """A started program whose standard error is read line by line."""
 
@@ -40,7 +45,7 @@ class Running:
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             text=True,
-            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),  # a background job's children ignore it
+            preexec_fn=take_signals,
         )
 
     def wait_for_line(self, text):
@@ -88,6 +93,15 @@ class CtrlC(unittest.TestCase):
             program.interrupt()
             status, _, _ = program.finish()
         self.assertEqual(status, 4)
+
+    def test_so_do_other_signals_that_end_programs(self):
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            with Running("run", example("07-soak-test.otx"), "--log", "3") as program:
+                program.wait_for_line(":Assigning: ")
+                program.process.send_signal(number)
+                status, out, err = program.finish()
+            self.assertEqual((status, out), (4, ""))
+            self.assertEqual(err[-1], example("07-soak-test.otx") + ": cancelled")
 
     def test_twice_ends_the_program(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -179,6 +193,12 @@ class Session:
 
     def say(self, text):
         os.write(self.outer, text.encode())
+
+    def keep_output(self):
+        """Ctrl-C shall drop nothing: what the program answers may come ahead of the dropping."""
+        attributes = termios.tcgetattr(self.outer)
+        attributes[3] |= termios.NOFLSH
+        termios.tcsetattr(self.outer, termios.TCSANOW, attributes)
 
     def read(self):
         """More of the output; False at its end."""
@@ -356,6 +376,7 @@ class AskedOperator(unittest.TestCase):
     def test_ctrl_c_cancels_while_a_prompt_waits(self):
         with self.session("dialogs") as operator:
             operator.wait_for("Enter goes on: ")
+            operator.keep_output()
             operator.say(Session.CTRL_C)
             status, shown = operator.finish()
         self.assertEqual(status, 4)
@@ -390,6 +411,32 @@ class AskedOperator(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertIn("axle = 3\r\ncount = 7\r\nlimit = 9\r\n", shown)
 
+    def test_a_refresh_leaves_what_is_being_typed(self):
+        with self.session("changing") as operator:
+            operator.wait_for("Monitor> ")
+            operator.say("clx")
+            operator.wait_for("count = 7\r\nMonitor> clx")
+            operator.say("\x7fose\n")
+            status, shown = operator.finish()
+        self.assertEqual(status, 0, shown)
+
+    def test_the_terminal_is_left_as_it_was(self):
+        for end in ("\n", Session.CTRL_C):
+            with self.session("changing") as operator:
+                before = termios.tcgetattr(operator.outer)
+                operator.wait_for("Monitor> ")
+                operator.say("close" + end)
+                operator.process.wait()
+                self.assertEqual(termios.tcgetattr(operator.outer), before)
+
+    def test_a_signal_finds_the_terminal_as_it_was(self):
+        with self.session("last-dialog") as operator:
+            before = termios.tcgetattr(operator.outer)
+            operator.wait_for("y yes, n no: ")
+            self.assertNotEqual(termios.tcgetattr(operator.outer), before)
+            operator.until_end(lambda: operator.process.send_signal(signal.SIGTERM))
+            self.assertEqual(termios.tcgetattr(operator.outer), before)
+
     def test_standard_output_is_data(self):
         with tempfile.TemporaryFile() as output:
             with self.session("screens", "--json", output=output) as operator:
@@ -405,7 +452,7 @@ class AskedOperator(unittest.TestCase):
         with self.session("dialogs", "--unattended", "default") as operator:
             status, shown = operator.finish()
         self.assertEqual(status, 0)
-        self.assertIn("ChoiceDialog: nobody is there, answered with its default, 1", shown)
+        self.assertIn('ChoiceDialog "Axle": nobody is there, answered with its default, 1', shown)
 
     def test_rules_come_first(self):
         rules = self.folder / "rules.json"
@@ -430,10 +477,33 @@ class AskedOperator(unittest.TestCase):
         self.assertIn("axle = 1\r\n", shown)
 
     def test_a_terminal_that_was_hung_up_answers_nothing(self):
-        with self.session("dialogs", hang_up=signal.SIG_IGN) as operator:
-            operator.wait_for("Enter goes on: ")
+        for hang_up in (signal.SIG_IGN, signal.SIG_DFL):
+            with self.session("dialogs", hang_up=hang_up) as operator:
+                operator.wait_for("Enter goes on: ")
+                operator.hang_up()
+                self.assertEqual(operator.process.wait(), 4)
+
+
+    def test_a_terminal_that_was_hung_up_closes_no_screen(self):
+        with self.session("closing", hang_up=signal.SIG_IGN) as operator:
+            operator.wait_for("Monitor> ")
             operator.hang_up()
             self.assertEqual(operator.process.wait(), 4)
+
+    def test_a_pipe_that_is_open_may_bring_more(self):
+        document = self.folder / "closing.otx"
+        document.write_text(inputs.generate("closing"))
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        with Running("run", str(document), "--control", str(pipe)) as program:
+            with open(pipe, "w") as lines:
+                # Only who goes on can be asked, and is refused.
+                for _ in range(20):
+                    lines.write('{"control": "nonsense"}\n')
+                    lines.flush()
+                    program.wait_for_line("nonsense")
+                lines.write('{"eventType": "HMI-ScreenClosed", "screenName": "Monitor"}\n')
+            self.assertEqual(program.finish()[0], 0)
 
 
 class Outputs(unittest.TestCase):

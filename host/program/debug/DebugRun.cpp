@@ -7,6 +7,7 @@
 #include "program/RunOperator.h"
 #include "program/SetUp.h"
 #include "program/debug/DebugEventSink.h"
+#include "rest/RestWatch.h"
 
 #include <otx/value/COtxMap.h>
 #include <velkotx/Sequencer.h>
@@ -85,7 +86,12 @@ void DebugRun::work(const RunOrder& order) {
         return giveUp({Outcome::Kind::failed, COtxValue(), error.what(), {}});
     }
     ready_.set_value(&sequencer);
+    std::optional<RestWatch> rest(std::in_place, [&] {
+        if (board_->stoppedFlows().empty())
+            runOperator->sink()->tell({ScreenNews::Kind::waiting, {}, false, {}});
+    });
     const Outcome outcome = runProcedure(sequencer, order.procedure, arguments, order.startStopped);
+    rest.reset();
     runOperator->sink()->finish();
     board_->runEnded(outcome);
     release_.get_future().wait();

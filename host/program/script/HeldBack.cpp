@@ -25,14 +25,15 @@ void HeldBack::pass(ScreenNews news) {
     operator_->tell(std::move(news));
 }
 
-void HeldBack::handOver(const std::function<bool(const std::string& screen)>& isLeftOpen) {
+bool HeldBack::handOver(const std::function<bool(const std::string& screen)>& isLeftOpen) {
     const std::lock_guard guard(openLock_);
-    std::erase_if(open_, [&](const auto& held) {
+    const std::size_t count = std::erase_if(open_, [&](const auto& held) {
         const bool isLeft = isLeftOpen(held.first);
         if (isLeft)
             operator_->tell(held.second);
         return isLeft;
     });
+    return count > 0;
 }
 
 }  // namespace velkotx::host

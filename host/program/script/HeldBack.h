@@ -25,8 +25,8 @@ public:
     // All other news.
     void pass(ScreenNews news);
 
-    // Hands over what the script will leave open, as far as that can be told.
-    void handOver(const std::function<bool(const std::string& screen)>& isLeftOpen);
+    // Hands over what the script will leave open, as far as that can be told. Gives whether that is anything.
+    bool handOver(const std::function<bool(const std::string& screen)>& isLeftOpen);
 
 private:
     const std::shared_ptr<Operator> operator_;

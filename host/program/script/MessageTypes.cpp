@@ -26,8 +26,15 @@ bool MessageTypes::await(const std::string& eventType) {
             return true;
         if (closed_)
             return false;
+        isAwaited_ = true;
         changed_.wait(guard);
+        isAwaited_ = false;
     }
+}
+
+bool MessageTypes::isAwaited() {
+    const std::lock_guard guard(typesLock_);
+    return isAwaited_;
 }
 
 bool MessageTypes::takeUpTo(const std::string& eventType) {

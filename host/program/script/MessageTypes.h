@@ -18,6 +18,8 @@ public:
     // Blocks until a message of the type has come after the one with which the last wait ended. False if none came before
     // the close.
     bool await(const std::string& eventType);
+    // Whether somebody waits in there.
+    bool isAwaited();
 
 private:
     bool takeUpTo(const std::string& eventType);
@@ -27,6 +29,7 @@ private:
     // Guarded by typesLock_.
     std::deque<std::string> types_;
     bool closed_ = false;
+    bool isAwaited_ = false;
 };
 
 }  // namespace velkotx::host

@@ -105,7 +105,7 @@ void ScriptedHost::tellOperator(const COtxValue& message, bool isAnswered) {
         return;
     if (news->kind != ScreenNews::Kind::opened)
         heldBack_->pass(std::move(*news));
-    else if (heldBack_->opened(std::move(*news), isAnswered || !controlHasEnded_))
+    else if (heldBack_->opened(std::move(*news), isAnswered || !controlHasEnded_ || answers_.someAreUnderWay()))
         sender_->nudge();
 }
 
@@ -117,6 +117,16 @@ void ScriptedHost::tellOperator(const HostCommand& command) {
     else if (const auto* event = std::get_if<Event>(&command))
         if (const auto closed = screenClosedBy(event->value))
             heldBack_->pass({ScreenNews::Kind::settled, *closed, false, {}});
+}
+
+// No message will come that a rule or an await is for, and a line only from a script that doesn't await one.
+void ScriptedHost::rests() {
+    if (!(controlHasEnded_ || messageTypes_.isAwaited()) || answers_.someAreUnderWay())
+        return;
+    if (port_.someFlowIsStopped())
+        return cancelAbandoned();
+    if (heldBack_ && !heldBack_->handOver([](const std::string&) { return true; }))
+        heldBack_->pass({ScreenNews::Kind::waiting, {}, false, {}});
 }
 
 void ScriptedHost::whenIdle() {
@@ -133,7 +143,12 @@ void ScriptedHost::cancelIfAbandoned() {
         return;
     if (answers_.someAreUnderWay())  // asked last: what stops a flow comes behind its answer
         return;
-    isCancelled_ = true;
+    cancelAbandoned();
+}
+
+void ScriptedHost::cancelAbandoned() {
+    if (isCancelled_.exchange(true))
+        return;
     port_.refuse("a flow is stopped and nobody is left to resume it: the run is cancelled");
     port_.send(ControlCommand{"cancel", COtxMap()});
 }

@@ -36,8 +36,13 @@ public:
 
     // Ahead of the run, on its thread: sends what the "start" rule has without a delay, then starts the host's threads.
     void start();
+    // Every thread of the run, and of this host, waits for another one. Any thread, between start and finish.
+    void rests();
     // Behind the run: ends the threads. What wasn't due is dropped.
     void finish();
+
+    // Behind finish: whether the run was cancelled because nobody was left to resume it.
+    bool hasFailed() const { return isCancelled_; }
 
     // Throws what the sink of the messages throws.
     void sendRequest(const COtxValue& message) override;
@@ -48,6 +53,7 @@ private:
     void tellOperator(const HostCommand& command);
     void whenIdle();
     void cancelIfAbandoned();
+    void cancelAbandoned();
 
     const std::shared_ptr<HostEventSink> messages_;
     AnswerMatcher answers_;
@@ -56,7 +62,7 @@ private:
     MessageTypes messageTypes_;
     CommandPort port_;
     std::atomic<bool> controlHasEnded_;
-    bool isCancelled_ = false;  // the sender's thread only
+    std::atomic<bool> isCancelled_{false};
     std::unique_ptr<SenderThread> sender_;
     std::unique_ptr<ControlThread> control_;
 };
