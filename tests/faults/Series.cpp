@@ -3,11 +3,13 @@
 
 #include "FailingMemory.h"
 
+#include <otx/log/LogOutput.h>
 #include <velkotx/Exceptions.h>
 
 #include <cxxabi.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
@@ -43,6 +45,12 @@ std::string kindOf(std::string text) {
     return text.substr(0, 100);
 }
 
+// What is in use when the thread of the log has given back its lines.
+MemoryInUse quietMemory() {
+    Hvt::LogOutput::Flush(std::chrono::seconds(secondsForOnePlace));
+    return memoryInUse();
+}
+
 class Run {
 public:
     Run(const Series& series, std::size_t every) : series_(series), every_(every) {}
@@ -76,7 +84,7 @@ private:
     bool isHit(std::size_t place) {
         std::snprintf(whereabouts, sizeof whereabouts, "%s: died at place %zu\n", series_.name.c_str(), place);
         alarm(secondsForOnePlace);
-        const MemoryInUse before = memoryInUse();
+        const MemoryInUse before = quietMemory();
         bool isThere = false;
         bool isRepeated = false;
         // A new thread has no free blocks, and leaves none.
@@ -85,7 +93,7 @@ private:
             isRepeated = repeats();
         }).join();
         if (!isThere) return false;
-        const MemoryInUse after = memoryInUse();
+        const MemoryInUse after = quietMemory();
         ++attempts_;
         ++outcomes_[kindOf(outcome_)];
         if (outcome_.empty()) tell(place, "not a stated failure");

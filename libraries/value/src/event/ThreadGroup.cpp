@@ -2,6 +2,7 @@
 #include <otx/event/ThreadGroup.h>
 
 #include <algorithm>
+#include <new>
 
 namespace HvtUtil {
 
@@ -25,7 +26,12 @@ void ThreadGroup::Join(std::thread::id parent) {
     const auto group = find(parent);
     if (group == groups_.end()) return;
     joined_[self] = group->first;
-    group->second.push_back(self);
+    try {
+        group->second.push_back(self);
+    } catch (const std::bad_alloc&) {
+        joined_.erase(self);
+        throw;
+    }
 }
 
 void ThreadGroup::Leave() {
