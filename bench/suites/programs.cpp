@@ -10,6 +10,7 @@ void runProgram(benchmark::State& state, const std::string& name, long long n) {
 }  // namespace
 
 BENCHMARK_CAPTURE(runProgram, loop, "loop", 300'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(runProgram, node, "node", 100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(runProgram, call, "call", 200'000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(runProgram, list, "list", 200'000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(runProgram, fib, "fib", 22)->Unit(benchmark::kMillisecond);
