@@ -29,17 +29,17 @@ install: build-release
 
 # Every suite in the release build and under the address and undefined behaviour sanitizers.
 test: build-release build-asan
-	@ctest --test-dir build/asan --output-on-failure
-	@ctest --test-dir build/release --output-on-failure
+	@ctest --test-dir build/asan -j $(JOBS) --output-on-failure
+	@ctest --test-dir build/release -j $(JOBS) --output-on-failure
 
 test-release: build-release
-	@ctest --test-dir build/release --output-on-failure
+	@ctest --test-dir build/release -j $(JOBS) --output-on-failure
 
 test-asan: build-asan
-	@ctest --test-dir build/asan --output-on-failure
+	@ctest --test-dir build/asan -j $(JOBS) --output-on-failure
 
 test-tsan: build-tsan
-	@ctest --test-dir build/tsan --output-on-failure
+	@ctest --test-dir build/tsan -j $(JOBS) --output-on-failure
 
 bench: EXTRA_PACKAGES = libbenchmark-dev lua5.4
 bench: build-bench
