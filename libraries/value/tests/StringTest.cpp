@@ -22,6 +22,23 @@ std::string decoded(std::vector<unsigned char> bytes, Encoding encoding) {
     return COtxString(bytes, encoding).String();
 }
 
+void put(std::string& text, unsigned character) {
+    const auto putByte = [&text](unsigned bits) { text += static_cast<char>(static_cast<unsigned char>(bits)); };
+    if (character < 0x80) return putByte(character);
+    if (character < 0x800) {
+        putByte(0xC0 | character >> 6);
+    } else {
+        if (character < 0x10000) {
+            putByte(0xE0 | character >> 12);
+        } else {
+            putByte(0xF0 | character >> 18);
+            putByte(0x80 | (character >> 12 & 0x3F));
+        }
+        putByte(0x80 | (character >> 6 & 0x3F));
+    }
+    putByte(0x80 | (character & 0x3F));
+}
+
 std::string joined(const COtxValue& list) {
     std::string result;
     for (const COtxValue& part : list.List()) result.append("[").append(part.String()).append("]");
@@ -157,25 +174,8 @@ TEST(StringEncoding, Decodes) {
 
 TEST(StringEncoding, EveryCharacterComesBack) {
     std::string all;
-    const auto put = [&all](unsigned bits) { all += static_cast<char>(static_cast<unsigned char>(bits)); };
     for (unsigned character = 0; character <= 0x10FFFF; ++character) {
-        if (character >= 0xD800 && character <= 0xDFFF) continue;
-        if (character < 0x80) {
-            put(character);
-        } else {
-            if (character < 0x800) {
-                put(0xC0 | character >> 6);
-            } else {
-                if (character < 0x10000) {
-                    put(0xE0 | character >> 12);
-                } else {
-                    put(0xF0 | character >> 18);
-                    put(0x80 | (character >> 12 & 0x3F));
-                }
-                put(0x80 | (character >> 6 & 0x3F));
-            }
-            put(0x80 | (character & 0x3F));
-        }
+        if (character < 0xD800 || character > 0xDFFF) put(all, character);
     }
     for (const Encoding encoding : {Encoding::Utf8, Encoding::Utf16, Encoding::Utf16BE, Encoding::Utf16LE}) {
         const COtxByteField bytes(all, encoding);
@@ -187,6 +187,21 @@ TEST(StringEncoding, EveryCharacterComesBack) {
     for (unsigned byte = 0; byte < 256; ++byte) latin.push_back(static_cast<unsigned char>(byte));
     const COtxByteField bytes(COtxString(latin, Encoding::Iso8859_1).String(), Encoding::Iso8859_1);
     EXPECT_EQ(static_cast<const std::vector<unsigned char>&>(bytes.ByteField()), latin);
+}
+
+// Those that nobody sees, such as a joiner, count like any other.
+TEST(StringEncoding, NarrowEncodingsRefuseEveryFurtherCharacter) {
+    for (unsigned character = 0x80; character < 0x10000; ++character) {
+        if (character >= 0xD800 && character <= 0xDFFF) continue;
+        std::string content = "a";
+        put(content, character);
+        EXPECT_EQ(OTX_THROWN_KIND(encoded(content, Encoding::UsAscii)), unsupportedEncoding) << character;
+        if (character >= 0x100) {
+            EXPECT_EQ(OTX_THROWN_KIND(encoded(content, Encoding::Iso8859_1)), unsupportedEncoding) << character;
+        }
+    }
+    EXPECT_EQ(OTX_THROWN_KIND(encoded("\xF3\xA0\x80\x81", Encoding::Iso8859_1)), unsupportedEncoding);
+    EXPECT_EQ(OTX_THROWN_KIND(encoded("\xC3", Encoding::Iso8859_1)), unsupportedEncoding);
 }
 
 TEST(StringEncoding, RefusesWhatAnEncodingCannotCarry) {
