@@ -29,10 +29,7 @@ using Bytes = std::vector<unsigned char>;
                  enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding)));
 }
 
-[[noreturn]] void failDecode(Encoding encoding) {
-    failEncoding("The bytes are no text in " +
-                 enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding)));
-}
+[[noreturn]] void failDecode(Encoding encoding) { failEncoding(noTextIn(encoding)); }
 
 constexpr char16_t byteOrderMark = 0xFEFF;
 
@@ -197,6 +194,10 @@ std::vector<unsigned char> encodeText(const std::string& text, Encoding encoding
         case Encoding::Hex: return encodeDigits(text, encoding);
     }
     failEncoding("Unknown encoding " + std::to_string(static_cast<int>(encoding)));
+}
+
+std::string noTextIn(Encoding encoding) {
+    return "The bytes are no text in " + enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding));
 }
 
 std::string decodeText(const std::vector<unsigned char>& bytes, Encoding encoding) {
