@@ -72,6 +72,38 @@ TEST(String, IndexOfFindsTheFirstPlaceOrMinusOne) {
     EXPECT_EQ(OTX_THROWN_KIND(text("1").String().IndexOf(number(1))), typeMismatch);
 }
 
+// The positions of characters in texts of every kind, against counting them one by one.
+TEST(String, PositionsAgreeInEveryText) {
+    const std::vector<std::string> pieces = {"a", "abcdefghijklmnopqrstuvwxyz", "\xC3\xA4", "\xE4\xB8\xAD", "\xF0\x9F\x98\x80",
+                                             "\xFF", "\x80", "\xE4\xB8", "\xED\xA0\x80"};
+    std::uint32_t random = 7;
+    for (int round = 0; round < 40; ++round) {
+        // Few rounds have bytes that are no UTF-8, which the quick ways exclude.
+        const std::size_t kinds = round % 4 == 3 ? pieces.size() : 5;
+        std::vector<std::string> characters;
+        std::string content;
+        for (int piece = 0; piece < round * 8; ++piece) {
+            random = random * 1664525 + 1013904223;
+            content += pieces[(random >> 16) % kinds];
+        }
+        const COtxString whole(content);
+        const COtxValue split = whole.String().Split(text(""));
+        for (const COtxValue& character : split.List()) characters.push_back(character.String());
+        const auto count = static_cast<long long>(characters.size());
+        ASSERT_EQ(whole.String().Length().Int(), count);
+        std::size_t place = 0;
+        for (long long position = 0; position < count; ++position) {
+            const std::string rest = content.substr(place);
+            ASSERT_EQ(whole.String().SubString(number(position), number(count)).String(), rest) << position;
+            ASSERT_EQ(whole.String().SubString(number(0), number(position)).String(), content.substr(0, place)) << position;
+            ASSERT_LE(whole.String().IndexOf(text(characters[static_cast<std::size_t>(position)])).Int(), position);
+            place += characters[static_cast<std::size_t>(position)].size();
+        }
+        ASSERT_EQ(OTX_THROWN_KIND(whole.String().SubString(number(count + 1), number(0))), outOfBounds);
+        ASSERT_EQ(COtxString(content + "|").String().IndexOf(text("|")).Int(), count);
+    }
+}
+
 TEST(String, SubStringTakesWhatIsThere) {
     EXPECT_EQ(text("abcdef").String().SubString(number(1), number(3)).String(), "bcd");
     EXPECT_EQ(text("abc").String().SubString(number(1), number(99)).String(), "bc");
