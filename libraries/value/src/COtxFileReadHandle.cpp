@@ -73,7 +73,7 @@ public:
         const std::lock_guard guard(readerLock_);
         FileReader& reader = opened();
         if (isAtEndOfText(reader)) failRead("the end is reached");
-        reader.skip(markAhead(reader));
+        if (const std::size_t mark = markAhead(reader)) reader.skip(mark);
         return makeText(isWide() ? wideLine(reader) : narrowLine(reader));
     }
 
