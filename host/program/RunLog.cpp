@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <ostream>
 #include <stdexcept>
+#include <string>
 
 namespace velkotx::host {
 
@@ -66,7 +67,7 @@ void letLogAhead() {
 void tellLostLines(const LogOptions& options, std::ostream& err) {
     const std::uint64_t lost = Hvt::LogOutput::LostLines();
     if (lost > 0 && !options.file.empty())
-        err << "velkotx: " << lost << (lost == 1 ? " line" : " lines") << " of the log are lost\n";
+        err << "velkotx: " << std::to_string(lost) << (lost == 1 ? " line" : " lines") << " of the log are lost\n";
 }
 
 }  // namespace velkotx::host
