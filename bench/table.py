@@ -20,7 +20,8 @@ COMPILED_SIZES = (1, 10)  # megabytes of the XML that was compiled
 SAVES = int(os.environ.get("BENCH_SAVES", "10000"))  # 100000 takes a minute
 SERVICE_ROUNDS = 9
 INTERLEAVED = ("--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=7", "--benchmark_report_aggregates_only=true")
-STRING_OPERATIONS = ("concatenate", "subString", "indexOf", "match", "formatDate")
+STRING_OPERATIONS = ("concatenate", "length", "lengthWide", "subString", "subStringWide", "indexOf", "indexOfWide", "replace",
+                     "replaceWide", "match", "matchWide", "formatDate")
 STRING_SIZES = (20, 2000)
 STRING_ROUNDS = 20_000
 LINE_LENGTHS = (20, 80, 1000)  # bytes, the line feed included

@@ -1,4 +1,6 @@
-"""The procedures of bench/programs/strings.otx as people write them in Python: OPERATION SIZE ROUNDS. Prints seconds."""
+"""The procedures of bench/programs/strings.otx as people write them in Python: OPERATION SIZE ROUNDS. Prints seconds.
+
+An operation whose name ends with "Wide" works on a text that isn't all ASCII."""
 
 import datetime
 import re
@@ -11,6 +13,19 @@ TIMESTAMP = 1767596889005
 def concatenate(text, count, n):
     for _ in range(n):
         result = text + text
+    return result
+
+
+def length(text, count, n):
+    for _ in range(n):
+        result = len(text)
+    return result
+
+
+def replace(text, count, n):
+    new = "12345"
+    for _ in range(n):
+        result = text[:count] + new + text[count + len(new):]
     return result
 
 
@@ -28,7 +43,7 @@ def index_of(text, count, n):
 
 
 def match(text, count, n):
-    pattern = "[a-z]+z!"
+    pattern = "[a-z\u00e9\u4e2d]+z!" if "\u4e2d" in text else "[a-z]+z!"
     for _ in range(n):
         result = re.fullmatch(pattern, text) is not None
     return result
@@ -41,13 +56,15 @@ def format_date(text, count, n):
     return result
 
 
-OPERATIONS = {"concatenate": concatenate, "subString": sub_string, "indexOf": index_of, "match": match,
+OPERATIONS = {"concatenate": concatenate, "length": length, "replace": replace, "subString": sub_string, "indexOf": index_of, "match": match,
               "formatDate": format_date}
 
 
 def main():
-    operation, size, n = OPERATIONS[sys.argv[1]], int(sys.argv[2]), int(sys.argv[3])
-    text = ("abcdefghij" * (size // 10))[:size - 2] + "z!"
+    name, size, n = sys.argv[1], int(sys.argv[2]), int(sys.argv[3])
+    operation = OPERATIONS[name.removesuffix("Wide")]
+    part = "abcdefg\u00e9\u4e2dj" if name.endswith("Wide") else "abcdefghij"
+    text = part * (size // 10 - 1) + "abcdefghz!"
     begin = time.process_time()
     result = operation(text, size - 10, n)
     print(time.process_time() - begin, len(str(result)))

@@ -23,7 +23,7 @@ inline void checkInterruption() {
 }
 
 // While it lives, long operations of values on its thread call `ask`; what that throws ends the operation. On the stack
-// of one thread; scopes nest. Only OTX::IString::Match asks.
+// of one thread; scopes nest. OTX::IString asks in IndexOf, Split and Match.
 template <class Ask>
 class InterruptionScope {
 public:

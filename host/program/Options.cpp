@@ -9,8 +9,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
+#include <cstdint>
 #include <memory>
 #include <ostream>
+#include <system_error>
 
 namespace velkotx::host {
 
@@ -103,13 +106,22 @@ void addLevel(CLI::App& command, const std::string& name, std::optional<int>& le
     command.add_option(name, level, help)->type_name("LEVEL (0 to 7)")->check(CLI::Range(0, 7).description(""));
 }
 
+// What is wrong with a number of bytes; nothing if it is one. The option's own conversion takes a negative one for a large one.
+std::string refusedSize(const std::string& text) {
+    std::int64_t size = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, size);
+    return read.ec == std::errc() && read.ptr == end && size > 0 ? "" : "'" + text + "' is no size of 1 byte or more";
+}
+
 void addLog(CLI::App& command, LogOptions& log) {
     addLevel(command, "--log", log.level, "Write the trace and the sequence's log up to this level to standard error");
     addLevel(command, "--log-sequence", log.sequenceLevel, "The same for the sequence's log alone");
     addLevel(command, "--log-trace", log.traceLevel, "The same for the trace alone");
     addFile(command, "--log-file", log.file, "Add all that to this file instead");
     command.add_option("--log-limit", log.limit, "Begin the file anew ahead of this size; needs --log-file")
-        ->type_name("BYTES");
+        ->type_name("BYTES")
+        ->check(CLI::Validator(refusedSize, ""));
     command.add_option("--log-keep", log.kept, "Keep so many earlier files, 3 if not told; needs --log-limit")
         ->type_name("COUNT")
         ->check(CLI::Range(0U, 1000U).description(""));

@@ -3,6 +3,7 @@
 
 #include "program/Commands.h"
 #include "program/ExitStatus.h"
+#include "program/RunLog.h"
 #include "program/UsageError.h"
 #include "text/OneLine.h"
 
@@ -16,13 +17,18 @@ namespace {
 struct Answer {
     const Streams& streams;
 
-    int operator()(const RunOptions& options) const { return run(options, streams); }
-    int operator()(const DebugOptions& options) const { return debug(options, streams); }
+    int operator()(const RunOptions& options) const { return logged(options.log, run(options, streams)); }
+    int operator()(const DebugOptions& options) const { return logged(options.log, debug(options, streams)); }
     int operator()(const InfoOptions& options) const { return info(options, streams); }
     int operator()(const CompileOptions& options) const { return compile(options, streams); }
     int operator()(const DumpOptions& options) const { return dump(options, streams); }
     int operator()(const VehicleCheckOptions& options) const { return checkVehicle(options, streams); }
     int operator()(const Answered& answered) const { return answered.status; }
+
+    int logged(const LogOptions& log, int status) const {
+        tellLostLines(log, streams.err);
+        return status;
+    }
 };
 
 int complain(const std::exception& error, int status, const Streams& streams) {

@@ -8,7 +8,10 @@
 #include <otx/log/LogOutput.h>
 
 #include <chrono>
+#include <cstdint>
+#include <ostream>
 #include <stdexcept>
+#include <string>
 
 namespace velkotx::host {
 
@@ -59,6 +62,12 @@ void startLog(const LogOptions& options) {
 
 void letLogAhead() {
     Hvt::LogOutput::Flush(patience);
+}
+
+void tellLostLines(const LogOptions& options, std::ostream& err) {
+    const std::uint64_t lost = Hvt::LogOutput::LostLines();
+    if (lost > 0 && !options.file.empty())
+        err << "velkotx: " << std::to_string(lost) << (lost == 1 ? " line" : " lines") << " of the log are lost\n";
 }
 
 }  // namespace velkotx::host

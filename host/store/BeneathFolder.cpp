@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 #include <string_view>
@@ -48,8 +49,6 @@ bool isLink(int folder, const std::string& step) {
 }
 
 Descriptor openAt(int folder, const std::string& step, int flags, const std::string& name) {
-    if (step.empty() || step == "." || step == ".." || step.find('\0') != std::string::npos)
-        failStore(Kind::FileAccessException, name, "no name of a file in the store");
     int number = -1;
     do {
         number = openat(folder, step.c_str(), flags);
@@ -70,10 +69,34 @@ void requirePlainFile(const Descriptor& file, const std::string& name) {
         failStore(Kind::FileOpenException, name, "no plain file");
 }
 
+// A zero byte would end the text for whoever reads it as the system does.
+std::string shown(const std::string& name) {
+    std::string text;
+    for (const char byte : name) {
+        if (byte == '\0')
+            text += "\\0";
+        else
+            text += byte;
+    }
+    return text;
+}
+
 }  // namespace
 
 void failStore(OTX::Exceptions_e kind, const std::string& name, const std::string& reason) {
-    throw COtxException(kind, "File '" + name + "': " + reason);
+    throw COtxException(kind, "File '" + shown(name) + "': " + reason);
+}
+
+void requireName(const std::string& name) {
+    bool isName = name.find('\0') == std::string::npos;
+    for (std::size_t begin = 0; isName && begin <= name.size();) {
+        const std::size_t end = std::min(name.find('/', begin), name.size());
+        const std::string_view step = std::string_view(name).substr(begin, end - begin);
+        isName = !step.empty() && step != "." && step != "..";
+        begin = end + 1;
+    }
+    if (!isName)
+        failStore(Kind::FileAccessException, name, "no name of a file in the store");
 }
 
 Descriptor openFolder(const std::string& folder) {
@@ -84,6 +107,7 @@ Descriptor openFolder(const std::string& folder) {
 }
 
 Descriptor openBeneath(const Descriptor& folder, const std::string& name) {
+    requireName(name);
     Descriptor reached;
     int from = folder.number();
     std::size_t begin = 0;

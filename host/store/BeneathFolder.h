@@ -19,6 +19,9 @@ Descriptor openFolder(const std::string& folder);
 // opened for another reason; kind 39 without a text for what isn't there.
 Descriptor openBeneath(const Descriptor& folder, const std::string& name);
 
+// Throws COtxException, kind 35, for a name that openBeneath refuses whatever is in the folder.
+void requireName(const std::string& name);
+
 // Throws COtxException with that kind, the text led in by the name.
 [[noreturn]] void failStore(OTX::Exceptions_e kind, const std::string& name, const std::string& reason);
 

@@ -95,6 +95,7 @@ std::shared_ptr<std::istream> FolderFileStore::Decode(std::shared_ptr<Hvt::Fs::S
 COtxValue FolderFileStore::MetaData(const Hvt::Fs::FileDetails& details, const std::string& cache) {
     if (!isKnown(details, cache))
         return COtxMap();
+    requireName(details.Name());
     const std::string name = details.Name() + std::string(metaDataEnd);
     try {
         return metaDataOf({openBeneath(*folder_, name), name});

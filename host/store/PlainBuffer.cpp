@@ -6,11 +6,15 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <limits>
 #include <system_error>
 
 namespace velkotx::host {
 
 std::size_t readAt(const OpenFile& file, std::int64_t place, char* target, std::size_t room) {
+    // No file goes further than the system counts.
+    if (place > std::numeric_limits<std::int64_t>::max() - static_cast<std::int64_t>(room))
+        return 0;
     ssize_t count = 0;
     do {
         count = pread(file.file.number(), target, room, place);

@@ -6,6 +6,7 @@
 #include <sys/resource.h>
 
 #include <initializer_list>
+#include <limits>
 
 namespace velkotx::host {
 namespace {
@@ -60,6 +61,20 @@ TEST_F(FileStoreStream, SeeksInAPackedFile) {
     expectPlaces("a", "gzip");
     const auto stream = decoded(store, "a", "gzip");
     EXPECT_FALSE(stream->seekg(1'000'000));
+}
+
+TEST_F(FileStoreStream, HasNoByteWhereNoFileGoes) {
+    write("a.txt", "abc");
+    auto stream = decoded(store, "a.txt");
+    const COtxFileReadHandle handle(stream, COtxStringEncoding::Utf8, COtxString("a.txt"));
+    const auto refusedAt = [&](std::int64_t index, std::int64_t count) {
+        return refusal([&] { handle.FileReadHandle().ReadBytes(index, count); });
+    };
+    EXPECT_EQ(refusedAt(3, 0), "");
+    EXPECT_EQ(refusedAt(4, 0), "36 File 'a.txt': there is no byte 4");
+    for (const std::int64_t index : {std::int64_t{1} << 40, std::numeric_limits<std::int64_t>::max() - 65536,
+                                     std::numeric_limits<std::int64_t>::max()})
+        EXPECT_EQ(refusedAt(index, 1), "36 File 'a.txt': there is no byte " + std::to_string(index));
 }
 
 TEST_F(FileStoreStream, UnpacksMembersOneBehindTheOther) {

@@ -4,25 +4,38 @@
 #include <OTXCoreTerms/VariableAccess.h>
 #include <OTXCoreTypes/InitialValue.h>
 #include <otx/value/COtxByteField.h>
+#include <otx/value/COtxException.h>
 #include <otx/value/COtxString.h>
 #include <otx/value/COtxStringEncoding.h>
 #include <schema/StringUtil.h>
+
+#include <string>
+#include <vector>
 
 namespace StringUtil {
 
 namespace {
 
+// A variable of another type may hold any number.
 COtxStringEncoding::Encoding number(const COtxValue& encoding) {
-    return static_cast<COtxStringEncoding::Encoding>(encoding.Int());
+    const long long number = encoding.Int();
+    const int narrow = static_cast<int>(number);
+    if (narrow != number)
+        throw COtxException(OTX::Exceptions_e::UnsupportedEncodingException, "Unknown encoding " + std::to_string(number));
+    return static_cast<COtxStringEncoding::Encoding>(narrow);
 }
 
 }  // namespace
 
 OTX_TERM(Encode, otxns::evaluateTwo(string(), encoding(), context, [](const COtxValue& text, const COtxValue& form) {
-             return COtxByteField(text.String(), number(form));
+             const std::string& content = text.String();
+             return COtxByteField(content, number(form));
          }))
 OTX_TERM(Decode, otxns::evaluateTwo(bytes(), encoding(), context, [&](const COtxValue& field, const COtxValue& form) {
-             return otxns::lookInto(context, [&] { return COtxString(field.ByteField(), number(form)); });
+             return otxns::lookInto(context, [&] {
+                 const std::vector<unsigned char>& content = field.ByteField();
+                 return COtxString(content, number(form));
+             });
          }))
 OTX_TERM(EncodingLiteral, COtxStringEncoding(static_cast<const std::string&>(value())))
 OTX_TERM(EncodingValue, otxns::valueOfVariable(*this, context))

@@ -33,14 +33,15 @@ void requirePlace(const OTX::IString& text, const char* term, long long index, l
                             " is not with the string. String length = " + std::to_string(length));
 }
 
-// A match may take long, so that a flow that is cancelled meanwhile leaves it.
-COtxValue match(otxns::OtxContext& context, const COtxValue& regexp, const COtxValue& text) {
+// What may take long, and what a flow that is cancelled meanwhile leaves.
+template <class Work>
+COtxValue interruptibly(otxns::OtxContext& context, Work work) {
     const otxns::OtxFlow& flow = context.OwnFlow();
     const auto leaveIfCancelled = [&flow] {
         if (flow.state == otxns::FlowState::cancelled) throw velkotx::CancelException();
     };
     const otx::InterruptionScope scope(leaveIfCancelled);
-    return text.String().Match(regexp);
+    return work();
 }
 
 }  // namespace
@@ -49,17 +50,17 @@ OTX_TERM(LengthOfString, otxns::evaluate(string(), context).String().Length())
 OTX_TERM(ToUpper, otxns::evaluate(string(), context).String().ToUpper())
 OTX_TERM(ToLower, otxns::evaluate(string(), context).String().ToLower())
 
-OTX_TERM(IndexOf, otxns::evaluateTwo(string(), pattern(), context, [](const COtxValue& text, const COtxValue& sought) {
-             return text.String().IndexOf(sought);
+OTX_TERM(IndexOf, otxns::evaluateTwo(string(), pattern(), context, [&](const COtxValue& text, const COtxValue& sought) {
+             return interruptibly(context, [&] { return text.String().IndexOf(sought); });
          }))
 OTX_TERM(SplitString,
-         otxns::evaluateTwo(string(), delimiter(), context, [](const COtxValue& text, const COtxValue& mark) {
-             return text.String().Split(mark);
+         otxns::evaluateTwo(string(), delimiter(), context, [&](const COtxValue& text, const COtxValue& mark) {
+             return interruptibly(context, [&] { return text.String().Split(mark); });
          }))
 // The expression is evaluated first; this is meant.
 OTX_TERM(MatchToRegularExpression,
          otxns::evaluateTwo(regexp(), string(), context, [&](const COtxValue& expression, const COtxValue& text) {
-             return match(context, expression, text);
+             return interruptibly(context, [&] { return text.String().Match(expression); });
          }))
 
 template <>

@@ -1,4 +1,4 @@
-// Cancelling a run while it matches a regular expression.
+// Cancelling a run while it looks through a string.
 #include "BackgroundRun.h"
 #include "Documents.h"
 #include "StopHost.h"
@@ -28,6 +28,25 @@ std::string endlessMatch(const std::string& id) {
               </action>)";
 }
 
+// Fails in SubString when the search has come to its end.
+std::string longSearch(const std::string& id) {
+    return R"(<action id=")" + id + R"(" xmlns:s="http://iso.org/OTX/1.0.0/StringUtil">
+                <realisation xsi:type="Assignment">
+                  <result xsi:type="IntegerVariable" name="g"/>
+                  <term xsi:type="s:LengthOfString">
+                    <s:string xsi:type="s:SubString">
+                      <s:string xsi:type="StringLiteral" value=""/>
+                      <s:index xsi:type="s:IndexOf">
+                        <s:string xsi:type="StringLiteral" value=")" + std::string(1'200'000, 'a') + R"("/>
+                        <s:pattern xsi:type="StringLiteral" value="b"/>
+                      </s:index>
+                      <s:count xsi:type="IntegerLiteral" value="0"/>
+                    </s:string>
+                  </term>
+                </realisation>
+              </action>)";
+}
+
 }  // namespace
 
 TEST(CancelMatch, EndsTheMatchAndTheRun) {
@@ -44,4 +63,20 @@ TEST(CancelMatch, EndsTheMatchAndTheRun) {
 TEST(CancelMatch, WithoutACancelTheMatchIsRefused) {
     const auto sequencer = load(document(procedure("main", endlessMatch("a1")), integer("variable", "g", 0)));
     EXPECT_EQ(outcomeOfRun(*sequencer, "main"), "exception StringUtilException: Match: it takes too many steps");
+}
+
+TEST(CancelSearch, EndsTheSearchAndTheRun) {
+    const auto host = std::make_shared<StopHost>();
+    const auto sequencer = load(document(procedure("main", longSearch("a1")), integer("variable", "g", 0)));
+    sequencer->SetHost(host);
+    BackgroundRun run(sequencer, "main", true);
+    host->nextStop();
+    EXPECT_EQ(outcomeOfControl(*sequencer, "cancel"), R"("")");
+    EXPECT_EQ(run.outcome(), "failure cancelled: ");
+}
+
+TEST(CancelSearch, WithoutACancelTheTermAroundItIsReached) {
+    const auto sequencer = load(document(procedure("main", longSearch("a1")), integer("variable", "g", 0)));
+    EXPECT_EQ(outcomeOfRun(*sequencer, "main"),
+              "exception OutOfBoundsException: SubString index -1 is not with the string. String length = 0");
 }

@@ -10,7 +10,7 @@
 
 namespace Hvt {
 
-// A file that lines are added to. With `limit` bytes above 0 it is moved to "PATH.1" before it would grow beyond them, what
+// A file that lines are added to; a last line there that has no end gets one. With `limit` bytes above 0 it is moved to "PATH.1" before it would grow beyond them, what
 // was "PATH.1" to "PATH.2" and so on; `kept` of these are kept, and none means that the file is emptied instead. A line
 // longer than the limit has a file to itself. A file with a limit belongs to one process.
 struct LogFile {

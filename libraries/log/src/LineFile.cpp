@@ -34,6 +34,7 @@ LineFile::LineFile() noexcept : descriptor_(STDERR_FILENO) {}
 LineFile::LineFile(const LogFile& file) : file_(file), descriptor_(openFile(file.path)) {
     if (descriptor_ < 0) throw std::runtime_error(file.path + ": " + std::generic_category().message(errno));
     takeDescriptor(descriptor_);
+    endLastLine();
 }
 
 LineFile::~LineFile() {
@@ -46,6 +47,17 @@ void LineFile::takeDescriptor(int descriptor) noexcept {
     isRegular_ = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
     size_ = isRegular_ ? static_cast<std::uint64_t>(status.st_size) : 0;
     rotateAbove_ = file_.limit;
+}
+
+// A process that was killed may have left half a line, into which the first new one would run.
+void LineFile::endLastLine() noexcept {
+    if (size_ == 0) return;
+    const int reading = ::open(file_.path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (reading < 0) return;
+    char last = '\n';
+    const bool isRead = ::pread(reading, &last, 1, static_cast<off_t>(size_ - 1)) == 1;
+    ::close(reading);
+    if (isRead && last != '\n' && ::write(descriptor_, "\n", 1) == 1) ++size_;
 }
 
 bool LineFile::write(const std::string& line) noexcept {

@@ -26,6 +26,7 @@ public:
 
 private:
     void takeDescriptor(int descriptor) noexcept;
+    void endLastLine() noexcept;
     bool writeWhole(const std::string& line) noexcept;
     bool takeBack(std::size_t written) noexcept;
     void rotate() noexcept;

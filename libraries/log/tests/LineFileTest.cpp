@@ -40,6 +40,18 @@ TEST_F(LineFiles, AddToWhatIsThere) {
     EXPECT_EQ(folder.text("log"), "first\nsecond\n");
 }
 
+TEST_F(LineFiles, BeginALineOfTheirOwnBehindHalfAOne) {
+    std::ofstream(file()) << "first\nsec";
+    { EXPECT_TRUE(LineFile({file(), 0, 0}).write("third\n")); }
+    EXPECT_EQ(folder.text("log"), "first\nsec\nthird\n");
+    // The end that was added counts.
+    std::ofstream(file()) << "ab";
+    LineFile log({file(), 7, 1});
+    for (const char* line : {"cde\n", "f\n"}) EXPECT_TRUE(log.write(line));
+    EXPECT_EQ(folder.text("log.1"), "ab\ncde\n");
+    EXPECT_EQ(folder.text("log"), "f\n");
+}
+
 TEST_F(LineFiles, AreRefusedWithTheReason) {
     const std::string path = folder.file("nowhere/log");
     try {

@@ -57,7 +57,7 @@ public:
 
     COtxValue IsEof() override {
         const std::lock_guard guard(readerLock_);
-        return makeBoolean(opened().isAtEnd());
+        return makeBoolean(isAtEndOfText(opened()));
     }
 
     COtxValue ReadBytes(std::int64_t index, std::int64_t count) override {
@@ -72,7 +72,8 @@ public:
     COtxValue ReadLine() override {
         const std::lock_guard guard(readerLock_);
         FileReader& reader = opened();
-        if (reader.isAtEnd()) failRead("the end is reached");
+        if (isAtEndOfText(reader)) failRead("the end is reached");
+        if (const std::size_t mark = markAhead(reader)) reader.skip(mark);
         return makeText(isWide() ? wideLine(reader) : narrowLine(reader));
     }
 
@@ -85,20 +86,29 @@ private:
         return *reader_;
     }
 
+    // Bytes of a mark that stands next and is no character.
+    std::size_t markAhead(FileReader& reader) const {
+        if (!reader.isAtBeginning()) return 0;
+        const FileReader::Mark mark = reader.mark();
+        if (encoding_ == Encoding::Utf8) return mark == FileReader::Mark::Utf8 ? 3 : 0;
+        const bool isOrder = mark == FileReader::Mark::Utf16LE || mark == FileReader::Mark::Utf16BE;
+        return encoding_ == Encoding::Utf16 && isOrder ? 2 : 0;
+    }
+    bool isAtEndOfText(FileReader& reader) const { return reader.isAtEnd(markAhead(reader)); }
+
     bool isWide() const {
         return encoding_ == Encoding::Utf16 || encoding_ == Encoding::Utf16BE || encoding_ == Encoding::Utf16LE;
     }
 
-    std::string decoded(std::string_view line, Encoding encoding) const {
+    std::string decoded(std::string_view line, Encoding order) const {
         try {
-            return decodeText({line.begin(), line.end()}, encoding);
-        } catch (const COtxValue& refused) {
-            failFile(Kind::FileFormatException, path_, refused.what());
+            return decodeText({line.begin(), line.end()}, order);
+        } catch (const COtxValue&) {
+            failFile(Kind::FileFormatException, path_, noTextIn(encoding_));
         }
     }
 
     std::string narrowLine(FileReader& reader) const {
-        if (encoding_ == Encoding::Utf8 && reader.mark() == FileReader::Mark::Utf8 && reader.isAtBeginning()) reader.skip(3);
         std::string_view line = reader.takeLine();
         if (line.ends_with('\r')) line.remove_suffix(1);
         // The most of what there is to read needs no decoding.
@@ -109,12 +119,8 @@ private:
     // A mark tells the order of UTF-16 alone; where the order is named, it is a character like any other.
     std::string wideLine(FileReader& reader) const {
         Encoding order = encoding_;
-        if (encoding_ == Encoding::Utf16) {
-            const FileReader::Mark mark = reader.mark();
-            order = mark == FileReader::Mark::Utf16LE ? Encoding::Utf16LE : Encoding::Utf16BE;
-            const bool isMarked = mark == FileReader::Mark::Utf16LE || mark == FileReader::Mark::Utf16BE;
-            if (isMarked && reader.isAtBeginning()) reader.skip(2);
-        }
+        if (encoding_ == Encoding::Utf16)
+            order = reader.mark() == FileReader::Mark::Utf16LE ? Encoding::Utf16LE : Encoding::Utf16BE;
         std::string text = decoded(reader.takeWideLine(order == Encoding::Utf16LE), order);
         if (!text.empty() && text.back() == '\r') text.pop_back();
         return text;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ByteFieldValues.h"
+#include "Characters.h"
 #include "Make.h"
 #include "NativeBehaviour.h"
 #include "Numbers.h"
@@ -44,18 +45,20 @@ public:
     const OTX::IString& IString() const override { return *this; }
     const char* what() const override { return c_str(); }
 
-    COtxValue Length() const override { return stringLength(*this); }
-    COtxValue IndexOf(const COtxValue& pattern) const override { return stringIndexOf(*this, pattern); }
+    COtxValue Length() const override { return stringLength(characters()); }
+    COtxValue IndexOf(const COtxValue& pattern) const override { return stringIndexOf(characters(), pattern); }
     COtxValue SubString(const COtxValue& index, const COtxValue& count) const override {
-        return stringSubString(*this, index, count);
+        return stringSubString(characters(), index, count);
     }
     COtxValue Replace(const COtxValue& replacement, const COtxValue& index) const override {
-        return stringReplace(*this, replacement, index);
+        return stringReplace(characters(), replacement, index);
     }
-    COtxValue Split(const COtxValue& delimiter) const override { return stringSplit(*this, delimiter); }
+    COtxValue Split(const COtxValue& delimiter) const override { return stringSplit(characters(), delimiter); }
     COtxValue ToUpper() const override { return stringToUpper(*this); }
     COtxValue ToLower() const override { return stringToLower(*this); }
-    COtxValue Match(const COtxValue& expression) const override { return stringMatch(*this, expression); }
+    COtxValue Match(const COtxValue& expression) const override { return stringMatch(characters(), expression); }
+
+    Characters characters() const { return {*this, known_}; }
 
     bool equalTo(const COtxValueBehaviour& right) const { return textOf(*this) == textOf(right); }
     std::weak_ordering compareWith(const COtxValueBehaviour& right) const { return textOf(*this) <=> textOf(right); }
@@ -87,11 +90,20 @@ private:
                  std::string(operation) + " of String '" + std::string(*this) + "': beyond 64 bits");
         return number.value;
     }
+
+    mutable KnownCharacters known_{0};
 };
 
 }  // namespace
 
 COtxValue makeText(std::string text) { return makePlain<StringBehaviour>(std::move(text)); }
+
+Characters charactersOf(const COtxValue& string) {
+    const auto& behaviour = string.GetBehaviourReference();
+    if (behaviour != nullptr && behaviour->NativeKind() == COtxValueBehaviour::Native::String)
+        return static_cast<const StringBehaviour&>(*behaviour).characters();
+    return Characters(string.String());
+}
 
 const char* lastingText(const COtxValue& text) {
     static thread_local std::string last;

@@ -83,10 +83,11 @@ void FileReader::moveTo(std::int64_t index) {
     mark();
     if (index < base_ || index - base_ > static_cast<std::int64_t>(end_)) {
         std::streambuf& from = source();
-        if (guarded([&] { return from.pubseekpos(index, std::ios::in) == std::streampos(index); })) {
-            base_ = index;
+        // To the byte ahead, which tells whether the file goes so far.
+        const std::int64_t ahead = std::max<std::int64_t>(index - 1, 0);
+        if (guarded([&] { return from.pubseekpos(ahead, std::ios::in) == std::streampos(ahead); })) {
+            base_ = ahead;
             next_ = end_ = 0;
-            return;
         }
         // A stream that can't seek is read up to there.
         next_ = end_;

@@ -28,7 +28,8 @@ public:
 
     Mark mark() { return isMarkKnown_ ? mark_ : findMark(); }
     bool isAtBeginning() const noexcept { return base_ == 0 && next_ == 0; }
-    bool isAtEnd() { return have(1) == 0; }
+    // Whether there is nothing behind the next so many bytes, few.
+    bool isAtEnd(std::size_t behind = 0) { return have(behind + 1) <= behind; }
 
     // Further bytes, less at the end.
     void skip(std::size_t count);

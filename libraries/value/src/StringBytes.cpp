@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 #include "Enumerations.h"
 #include "Refusal.h"
@@ -28,20 +29,36 @@ using Bytes = std::vector<unsigned char>;
                  enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding)));
 }
 
-[[noreturn]] void failDecode(Encoding encoding) {
-    failEncoding("The bytes are no text in " +
-                 enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding)));
-}
+[[noreturn]] void failDecode(Encoding encoding) { failEncoding(noTextIn(encoding)); }
 
 constexpr char16_t byteOrderMark = 0xFEFF;
 
-const char* converterOf(Encoding encoding) noexcept {
-    switch (encoding) {
-        case Encoding::UsAscii: return "US-ASCII";
-        case Encoding::Iso8859_1: return "ISO-8859-1";
-        case Encoding::Utf16LE: return "UTF-16LE";
-        default: return "UTF-16BE";
+const char* converterOf(Encoding encoding) noexcept { return encoding == Encoding::Utf16LE ? "UTF-16LE" : "UTF-16BE"; }
+
+// The encodings of one byte a character hold the first so many characters of Unicode.
+char32_t charactersOf(Encoding encoding) noexcept { return encoding == Encoding::UsAscii ? 0x80 : 0x100; }
+
+Bytes encodeNarrow(std::string_view text, Encoding encoding) {
+    const char32_t characters = charactersOf(encoding);
+    Bytes bytes;
+    bytes.reserve(text.size());
+    while (!text.empty()) {
+        const auto character = takeCharacter(text);
+        if (!character || *character >= characters) failEncode(encoding);
+        bytes.push_back(static_cast<unsigned char>(*character));
     }
+    return bytes;
+}
+
+std::string decodeNarrow(const Bytes& bytes, Encoding encoding) {
+    const char32_t characters = charactersOf(encoding);
+    std::string text;
+    text.reserve(bytes.size());
+    for (const unsigned char byte : bytes) {
+        if (byte >= characters) failDecode(encoding);
+        appendUtf8(text, byte);
+    }
+    return text;
 }
 
 // Stops at whatever the encoding can't carry.
@@ -168,7 +185,7 @@ std::vector<unsigned char> encodeText(const std::string& text, Encoding encoding
             if (!isUtf8(text)) failEncode(encoding);
             return Bytes(text.begin(), text.end());
         case Encoding::UsAscii:
-        case Encoding::Iso8859_1:
+        case Encoding::Iso8859_1: return encodeNarrow(text, encoding);
         case Encoding::Utf16BE:
         case Encoding::Utf16LE:
         case Encoding::Utf16: return encodeConverted(text, encoding);
@@ -179,6 +196,10 @@ std::vector<unsigned char> encodeText(const std::string& text, Encoding encoding
     failEncoding("Unknown encoding " + std::to_string(static_cast<int>(encoding)));
 }
 
+std::string noTextIn(Encoding encoding) {
+    return "The bytes are no text in " + enumerationLiteral(OTX::ValueType::StringEncoding, static_cast<int>(encoding));
+}
+
 std::string decodeText(const std::vector<unsigned char>& bytes, Encoding encoding) {
     switch (encoding) {
         case Encoding::Utf8: {
@@ -187,7 +208,7 @@ std::string decodeText(const std::vector<unsigned char>& bytes, Encoding encodin
             return text;
         }
         case Encoding::UsAscii:
-        case Encoding::Iso8859_1:
+        case Encoding::Iso8859_1: return decodeNarrow(bytes, encoding);
         case Encoding::Utf16BE:
         case Encoding::Utf16LE:
         case Encoding::Utf16: return decodeConverted(bytes, encoding);

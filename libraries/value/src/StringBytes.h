@@ -12,4 +12,7 @@ namespace otx {
 std::vector<unsigned char> encodeText(const std::string& text, COtxStringEncoding::Encoding encoding);
 std::string decodeText(const std::vector<unsigned char>& bytes, COtxStringEncoding::Encoding encoding);
 
+// What decodeText says of bytes that are no text in that encoding.
+std::string noTextIn(COtxStringEncoding::Encoding encoding);
+
 }  // namespace otx

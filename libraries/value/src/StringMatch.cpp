@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "Characters.h"
 #include "NumberValues.h"
 #include "StringOperations.h"
 #include "Utf8.h"
@@ -157,10 +158,10 @@ bool matches(const std::string& text, const std::string& expression) {
 
 }  // namespace
 
-COtxValue stringMatch(const std::string& text, const COtxValue& expression) {
-    const std::string& pattern = expression.String();
-    if (isUtf8(text) && isUtf8(pattern)) return makeBoolean(matches(text, pattern));
-    return makeBoolean(matches(repairUtf8(text), repairUtf8(pattern)));
+COtxValue stringMatch(const Characters& text, const COtxValue& expression) {
+    const Characters pattern = charactersOf(expression);
+    if (text.areWellFormed() && pattern.areWellFormed()) return makeBoolean(matches(text.text(), pattern.text()));
+    return makeBoolean(matches(repairUtf8(text.text()), repairUtf8(pattern.text())));
 }
 
 }  // namespace otx

@@ -16,7 +16,8 @@ std::uint64_t eightBytes(const char* place) noexcept {
     return eight;
 }
 
-// How many bytes of ASCII the text begins with, to within the last eight.
+}  // namespace
+
 std::size_t asciiPrefix(std::string_view text) noexcept {
     constexpr std::uint64_t highBits = 0x8080808080808080u;
     std::size_t place = 0;
@@ -29,41 +30,30 @@ std::size_t asciiPrefix(std::string_view text) noexcept {
     return place;
 }
 
-void skipCharacter(std::string_view& text) noexcept {
-    if (static_cast<unsigned char>(text.front()) < 0x80)
-        text.remove_prefix(1);
-    else
-        takeCharacter(text);
+std::size_t lengthOfCharacter(std::string_view text) noexcept {
+    const auto byte = [text](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+    const auto continues = [text](std::size_t place) { return isContinuation(text[place]); };
+    const unsigned lead = byte(0);
+    if (lead < 0x80) return 1;
+    if (lead < 0xC2 || lead > 0xF4) return 0;
+    if (lead < 0xE0) return text.size() >= 2 && continues(1) ? 2 : 0;
+    // Without overlong forms, surrogates and what is beyond U+10FFFF.
+    if (lead < 0xF0) {
+        if (text.size() < 3 || !continues(1) || !continues(2)) return 0;
+        return (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xED && byte(1) > 0x9F) ? 0 : 3;
+    }
+    if (text.size() < 4 || !continues(1) || !continues(2) || !continues(3)) return 0;
+    return (lead == 0xF0 && byte(1) < 0x90) || (lead == 0xF4 && byte(1) > 0x8F) ? 0 : 4;
 }
 
-}  // namespace
-
 std::optional<char32_t> takeCharacter(std::string_view& text) noexcept {
-    const auto lead = static_cast<unsigned char>(text.front());
-    std::size_t length = 1;
-    char32_t character = lead;
-    char32_t smallest = 0;
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        length = 2;
-        character = lead & 0x1Fu;
-        smallest = 0x80;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3;
-        character = lead & 0x0Fu;
-        smallest = 0x800;
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        character = lead & 0x07u;
-        smallest = 0x10000;
-    }
-    bool valid = length > 1 || lead < 0x80;
-    for (std::size_t place = 1; valid && place < length; ++place) {
-        valid = place < text.size() && isContinuation(text[place]);
-        if (valid) character = character << 6 | (static_cast<unsigned char>(text[place]) & 0x3Fu);
-    }
-    valid = valid && character >= smallest && character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
-    text.remove_prefix(valid ? length : 1);
-    if (!valid) return std::nullopt;
+    constexpr unsigned leadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    const std::size_t length = lengthOfCharacter(text);
+    const std::string_view bytes = text.substr(0, length);
+    text.remove_prefix(length > 0 ? length : 1);
+    if (length == 0) return std::nullopt;
+    char32_t character = static_cast<unsigned char>(bytes[0]) & leadBits[length];
+    for (const char byte : bytes.substr(1)) character = character << 6 | (static_cast<unsigned char>(byte) & 0x3Fu);
     return character;
 }
 
@@ -86,38 +76,13 @@ void appendUtf8(std::string& text, char32_t character) {
     }
 }
 
-std::size_t countCharacters(std::string_view text) noexcept {
-    std::size_t count = 0;
-    while (!text.empty()) {
-        const std::size_t plain = asciiPrefix(text);
-        count += plain;
-        text.remove_prefix(plain);
-        for (int next = 0; next < 8 && !text.empty(); ++next, ++count) skipCharacter(text);
-    }
-    return count;
-}
-
-std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t position) noexcept {
-    std::string_view rest = text;
-    while (position > 0 && !rest.empty()) {
-        const std::size_t plain = asciiPrefix(rest.substr(0, position));
-        rest.remove_prefix(plain);
-        position -= plain;
-        for (int next = 0; next < 8 && position > 0 && !rest.empty(); ++next, --position) skipCharacter(rest);
-    }
-    if (position > 0) return std::nullopt;
-    return text.size() - rest.size();
-}
-
-std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept {
-    return position >= text.size() ? text.size() : placeOfCharacter(text, position).value_or(text.size());
-}
-
 bool isUtf8(std::string_view text) noexcept {
     while (!text.empty()) {
         text.remove_prefix(asciiPrefix(text));
         for (int next = 0; next < 8 && !text.empty(); ++next) {
-            if (!takeCharacter(text)) return false;
+            const std::size_t length = lengthOfCharacter(text);
+            if (length == 0) return false;
+            text.remove_prefix(length);
         }
     }
     return true;

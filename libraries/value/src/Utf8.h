@@ -11,19 +11,18 @@ namespace otx {
 // What stands for bytes that are no UTF-8.
 constexpr char32_t replacementCharacter = 0xFFFD;
 
+// How many bytes of ASCII the text begins with, to within the last eight.
+std::size_t asciiPrefix(std::string_view text) noexcept;
+
+// The bytes of the character at the front of a text that isn't empty; 0 for a byte that begins none. Overlong forms,
+// surrogates and what is beyond U+10FFFF are none.
+std::size_t lengthOfCharacter(std::string_view text) noexcept;
+
 // The character at the front of a text that isn't empty, which is cut off it; nothing for a byte that begins no
-// character, which is cut off alone. Refuses overlong forms, surrogates and what is beyond U+10FFFF.
+// character, which is cut off alone.
 std::optional<char32_t> takeCharacter(std::string_view& text) noexcept;
 
 void appendUtf8(std::string& text, char32_t character);
-
-// Characters in the text; a byte that is no UTF-8 counts as one.
-std::size_t countCharacters(std::string_view text) noexcept;
-// The byte at which the character of that position begins: the text's size for the position at its end, nothing for one
-// past it.
-std::optional<std::size_t> placeOfCharacter(std::string_view text, std::size_t position) noexcept;
-// The same, with the text's size for a position past its end too.
-std::size_t byteOfCharacter(std::string_view text, std::size_t position) noexcept;
 
 bool isUtf8(std::string_view text) noexcept;
 // The text with replacementCharacter for each byte that is no UTF-8.

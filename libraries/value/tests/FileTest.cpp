@@ -138,6 +138,7 @@ TEST(FileReadHandle, ReadsBytes) {
     EXPECT_EQ(OTX_THROWN_KIND(bytes(handle, std::numeric_limits<std::int64_t>::max(), 1)), fileException);
     EXPECT_EQ(bytes(handle, 4, 1), "45");
     EXPECT_EQ(bytes(handle, 5, 0), "");
+    EXPECT_EQ(OTX_THROWN_TEXT(bytes(handle, 6, 0)), "File 'some/path': there is no byte 6");
 }
 
 TEST(FileReadHandle, ReadsLinesAndBytesInTurns) {
@@ -179,10 +180,8 @@ TEST(FileReadHandle, EndsWideLinesAtWholeUnitsOnly) {
 
 TEST(FileReadHandle, SkipsTheMarkAtTheBeginning) {
     EXPECT_EQ(lines(opened("\xEF\xBB\xBF" "a\n\xEF\xBB\xBF" "b\n")), (Lines{"a", "\xEF\xBB\xBF" "b"}));
-    EXPECT_EQ(lines(opened("\xEF\xBB\xBF")), (Lines{""}));
     EXPECT_EQ(lines(opened("\xEF\xBB\xBF", Encoding::Hex)), (Lines{"EFBBBF"}));
     EXPECT_EQ(lines(opened(std::string("\xFE\xFF\0A", 4), Encoding::Utf16)), (Lines{"A"}));
-    EXPECT_EQ(lines(opened("\xFF\xFE", Encoding::Utf16)), (Lines{""}));
     // Where the order is named, the mark is a character.
     EXPECT_EQ(lines(opened(std::string("\xFE\xFF\0A", 4), Encoding::Utf16BE)), (Lines{"\xEF\xBB\xBF" "A"}));
     EXPECT_EQ(lines(opened(std::string("\xFF\xFE" "A\0", 4), Encoding::Utf16LE)), (Lines{"\xEF\xBB\xBF" "A"}));
@@ -191,6 +190,17 @@ TEST(FileReadHandle, SkipsTheMarkAtTheBeginning) {
     EXPECT_EQ(bytes(handle, -1, -1), "EFBBBF610A");
     EXPECT_EQ(bytes(handle, 0, 0), "");
     EXPECT_EQ(line(handle), "a");
+}
+
+TEST(FileReadHandle, HasNoLineInAFileOfAMarkOnly) {
+    EXPECT_EQ(lines(opened("\xEF\xBB\xBF")), Lines{});
+    EXPECT_EQ(lines(opened("\xFF\xFE", Encoding::Utf16)), Lines{});
+    EXPECT_EQ(lines(opened("\xFE\xFF", Encoding::Utf16)), Lines{});
+    EXPECT_EQ(lines(opened("\xEF\xBB\xBF\n")), (Lines{""}));
+    EXPECT_EQ(lines(opened("\xFE\xFF", Encoding::Utf16BE)), (Lines{"\xEF\xBB\xBF"}));
+    const COtxValue handle = opened("\xEF\xBB\xBF");
+    EXPECT_EQ(OTX_THROWN_TEXT(line(handle)), "File 'some/path': the end is reached");
+    EXPECT_EQ(bytes(handle, -1, -1), "EFBBBF");
 }
 
 TEST(FileReadHandle, KnowsTheByteOrderAlsoWhenBytesAreReadFirst) {
@@ -208,6 +218,7 @@ TEST(FileReadHandle, RefusesBytesThatAreNoTextAndGoesOnBehindThem) {
     EXPECT_EQ(OTX_THROWN_KIND(line(opened("A", Encoding::Utf16LE))), fileFormat);
     EXPECT_EQ(OTX_THROWN_KIND(line(opened(std::string("\xD8\0\0A", 4), Encoding::Utf16BE))), fileFormat);
     EXPECT_EQ(OTX_THROWN_KIND(line(opened("\xE4", Encoding::UsAscii))), fileFormat);
+    EXPECT_EQ(OTX_THROWN_TEXT(line(opened("A", Encoding::Utf16))), "File 'some/path': The bytes are no text in UTF-16");
 }
 
 TEST(FileReadHandle, RefusesWhenItIsNotOpen) {

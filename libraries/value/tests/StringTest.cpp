@@ -22,6 +22,23 @@ std::string decoded(std::vector<unsigned char> bytes, Encoding encoding) {
     return COtxString(bytes, encoding).String();
 }
 
+void put(std::string& text, unsigned character) {
+    const auto putByte = [&text](unsigned bits) { text += static_cast<char>(static_cast<unsigned char>(bits)); };
+    if (character < 0x80) return putByte(character);
+    if (character < 0x800) {
+        putByte(0xC0 | character >> 6);
+    } else {
+        if (character < 0x10000) {
+            putByte(0xE0 | character >> 12);
+        } else {
+            putByte(0xF0 | character >> 18);
+            putByte(0x80 | (character >> 12 & 0x3F));
+        }
+        putByte(0x80 | (character >> 6 & 0x3F));
+    }
+    putByte(0x80 | (character & 0x3F));
+}
+
 std::string joined(const COtxValue& list) {
     std::string result;
     for (const COtxValue& part : list.List()) result.append("[").append(part.String()).append("]");
@@ -53,6 +70,38 @@ TEST(String, IndexOfFindsTheFirstPlaceOrMinusOne) {
     EXPECT_EQ(text("abc").String().IndexOf(text("")).Int(), 0);
     EXPECT_EQ(text(umlauts).String().IndexOf(text("\xC3\xBC")).Int(), 2);
     EXPECT_EQ(OTX_THROWN_KIND(text("1").String().IndexOf(number(1))), typeMismatch);
+}
+
+// The positions of characters in texts of every kind, against counting them one by one.
+TEST(String, PositionsAgreeInEveryText) {
+    const std::vector<std::string> pieces = {"a", "abcdefghijklmnopqrstuvwxyz", "\xC3\xA4", "\xE4\xB8\xAD", "\xF0\x9F\x98\x80",
+                                             "\xFF", "\x80", "\xE4\xB8", "\xED\xA0\x80"};
+    std::uint32_t random = 7;
+    for (int round = 0; round < 40; ++round) {
+        // Few rounds have bytes that are no UTF-8, which the quick ways exclude.
+        const std::size_t kinds = round % 4 == 3 ? pieces.size() : 5;
+        std::vector<std::string> characters;
+        std::string content;
+        for (int piece = 0; piece < round * 8; ++piece) {
+            random = random * 1664525 + 1013904223;
+            content += pieces[(random >> 16) % kinds];
+        }
+        const COtxString whole(content);
+        const COtxValue split = whole.String().Split(text(""));
+        for (const COtxValue& character : split.List()) characters.push_back(character.String());
+        const auto count = static_cast<long long>(characters.size());
+        ASSERT_EQ(whole.String().Length().Int(), count);
+        std::size_t place = 0;
+        for (long long position = 0; position < count; ++position) {
+            const std::string rest = content.substr(place);
+            ASSERT_EQ(whole.String().SubString(number(position), number(count)).String(), rest) << position;
+            ASSERT_EQ(whole.String().SubString(number(0), number(position)).String(), content.substr(0, place)) << position;
+            ASSERT_LE(whole.String().IndexOf(text(characters[static_cast<std::size_t>(position)])).Int(), position);
+            place += characters[static_cast<std::size_t>(position)].size();
+        }
+        ASSERT_EQ(OTX_THROWN_KIND(whole.String().SubString(number(count + 1), number(0))), outOfBounds);
+        ASSERT_EQ(COtxString(content + "|").String().IndexOf(text("|")).Int(), count);
+    }
 }
 
 TEST(String, SubStringTakesWhatIsThere) {
@@ -157,25 +206,8 @@ TEST(StringEncoding, Decodes) {
 
 TEST(StringEncoding, EveryCharacterComesBack) {
     std::string all;
-    const auto put = [&all](unsigned bits) { all += static_cast<char>(static_cast<unsigned char>(bits)); };
     for (unsigned character = 0; character <= 0x10FFFF; ++character) {
-        if (character >= 0xD800 && character <= 0xDFFF) continue;
-        if (character < 0x80) {
-            put(character);
-        } else {
-            if (character < 0x800) {
-                put(0xC0 | character >> 6);
-            } else {
-                if (character < 0x10000) {
-                    put(0xE0 | character >> 12);
-                } else {
-                    put(0xF0 | character >> 18);
-                    put(0x80 | (character >> 12 & 0x3F));
-                }
-                put(0x80 | (character >> 6 & 0x3F));
-            }
-            put(0x80 | (character & 0x3F));
-        }
+        if (character < 0xD800 || character > 0xDFFF) put(all, character);
     }
     for (const Encoding encoding : {Encoding::Utf8, Encoding::Utf16, Encoding::Utf16BE, Encoding::Utf16LE}) {
         const COtxByteField bytes(all, encoding);
@@ -187,6 +219,21 @@ TEST(StringEncoding, EveryCharacterComesBack) {
     for (unsigned byte = 0; byte < 256; ++byte) latin.push_back(static_cast<unsigned char>(byte));
     const COtxByteField bytes(COtxString(latin, Encoding::Iso8859_1).String(), Encoding::Iso8859_1);
     EXPECT_EQ(static_cast<const std::vector<unsigned char>&>(bytes.ByteField()), latin);
+}
+
+// Those that nobody sees, such as a joiner, count like any other.
+TEST(StringEncoding, NarrowEncodingsRefuseEveryFurtherCharacter) {
+    for (unsigned character = 0x80; character < 0x10000; ++character) {
+        if (character >= 0xD800 && character <= 0xDFFF) continue;
+        std::string content = "a";
+        put(content, character);
+        EXPECT_EQ(OTX_THROWN_KIND(encoded(content, Encoding::UsAscii)), unsupportedEncoding) << character;
+        if (character >= 0x100) {
+            EXPECT_EQ(OTX_THROWN_KIND(encoded(content, Encoding::Iso8859_1)), unsupportedEncoding) << character;
+        }
+    }
+    EXPECT_EQ(OTX_THROWN_KIND(encoded("\xF3\xA0\x80\x81", Encoding::Iso8859_1)), unsupportedEncoding);
+    EXPECT_EQ(OTX_THROWN_KIND(encoded("\xC3", Encoding::Iso8859_1)), unsupportedEncoding);
 }
 
 TEST(StringEncoding, RefusesWhatAnEncodingCannotCarry) {

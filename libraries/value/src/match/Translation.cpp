@@ -328,6 +328,8 @@ private:
         }
         write("]");
         inClass_ = false;
+        // The matcher repeats no empty class, only a group of one.
+        if (result_.pattern.compare(begin, std::string::npos, "[]") == 0) result_.pattern.replace(begin, 2, "(?:[])");
         finishAtom(begin);
     }
 
