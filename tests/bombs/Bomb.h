@@ -15,6 +15,8 @@ struct Bomb {
     std::string (*use)(const std::string& input);
     // The outcome begins with one of these, on a stack of any size.
     std::vector<std::string> allowed;
+    // Ends only where threads can't be had any more, at which a sanitizer itself gives up.
+    bool takesAllThreads = false;
 };
 
 // Loads the document: "loaded", or what was thrown. Then runs its procedure main, if there is one: the out parameters.

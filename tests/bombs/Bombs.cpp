@@ -135,6 +135,7 @@ void addRunning(std::vector<Bomb>& all) {
     add("run-parallels", [] { return parallels(100); }, {"finished {\"o\":7}", xmlRefused});
     add("run-parallel-recursion", [] { return callsItself(parallel("n", {call("a", "main"), ""}) + doNothing("b")); },
         {"cancelled: ", "std::future_error: "});
+    all.back().takesAllThreads = true;
     add("run-deep-list", [] { return deepList(200000); }, {"OutOfBoundsException: Value is nested too deeply"});
 }
 

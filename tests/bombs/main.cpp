@@ -60,7 +60,10 @@ int main(int argc, char** argv) try {
     for (const Bomb& bomb : allBombs()) {
         if (argc > 1 && !bomb.name.starts_with(argv[1])) continue;
         ++count;
-        isGood = holds(bomb) && isGood;
+        if (bomb.takesAllThreads && !isMeasured)
+            std::printf("left out under a sanitizer: %s\n", bomb.name.c_str());
+        else
+            isGood = holds(bomb) && isGood;
     }
     return isGood && count != 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 } catch (const std::exception& failure) {
