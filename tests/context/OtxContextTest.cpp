@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include "Documents.h"
+
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -125,6 +127,19 @@ TEST_F(Context, AnswersCommandsWithAnEmptyString) {
     const COtxValue answer = context.Control(4, COtxValue());
     EXPECT_EQ(answer.Type(), OTX::ValueType::String);
     EXPECT_TRUE(answer.String().empty());
+}
+
+TEST_F(Context, KeepsTheHostsValuesInCellsThatRefuseWrites) {
+    const std::shared_ptr<otxns::Otx> document = tree_tests::load(tree_tests::document(""));
+    context.SetContextVariables(COtxMap(std::map<const std::string, COtxValue>{{"k", COtxInt(1)}}));
+    context.PrepareRun(document);
+    const auto cell = context.Variables().ContextVars().Find("k");
+    ASSERT_NE(cell, nullptr);
+    EXPECT_EQ(failure([&] { cell->Set(COtxInt(2)); }), "1 Cannot set a context variable");
+    context.SetContextVariables(COtxMap(std::map<const std::string, COtxValue>{{"k", COtxInt(3)}}));
+    context.PrepareRun(document);
+    EXPECT_EQ(context.Variables().ContextVars().Find("k"), cell);
+    EXPECT_EQ(cell->Get().Int(), 1);
 }
 
 TEST_F(Context, TranslatesKeysThatTheMapHolds) {

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include "Slots.h"
+
 #include <memory>
 #include <string>
 #include <thread>
@@ -189,6 +191,11 @@ TEST(Scope, IsCopiedWithItsCells) {
     const auto snapshot = scope.Snapshot();
     scope.Add("x", cell(3));
     EXPECT_EQ(snapshot.size(), 1U);
+}
+
+TEST(Scope, AddsTwoVirtualOperations) {
+    expectOrder(3, static_cast<bool (OtxVarMap::*)(const otxns::Name&, const COtxValue&)>(&OtxVarMap::Set),
+                static_cast<bool (OtxVarMap::*)(const otxns::Name&, const std::shared_ptr<OtxVariable>&)>(&OtxVarMap::Bind));
 }
 
 TEST(ContextScope, RefusesEveryChange) {

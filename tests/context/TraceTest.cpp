@@ -1,6 +1,6 @@
 // The line of the trace, its levels, and what it costs when it is off.
+#include <OtxVars/OtxVars.h>
 #include <Trace.h>
-#include <VelkOTXe/Sequencer_impl.h>
 
 #include <otx/log/CLog.h>
 #include <otx/value/COtxValue.h>
@@ -76,6 +76,21 @@ TEST_F(Trace, AsksTheLevelOfItsSubsystemAheadOfAllWork) {
     Hvt::CLog::SetReportingLevel(2, -1);
     EXPECT_EQ(evaluated, 1);
     EXPECT_EQ(lines.size(), 1U);
+}
+
+TEST_F(Trace, TellsOfStacksAndFrames) {
+    otxns::OtxVars vars;
+    Hvt::CLog::SetReportingLevel(3, 4);
+    vars.newStack();
+    vars.push("p");
+    vars.pop();
+    vars.deleteStack();
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[0].substr(0, 4), "3/4 ");
+    EXPECT_EQ(messageOf(lines[0], "otxns::OtxVars::newStack"), "class otxns::OtxVars");
+    EXPECT_EQ(messageOf(lines[1], "otxns::OtxVars::push"), "Enter: p");
+    EXPECT_EQ(messageOf(lines[2], "otxns::OtxVars::pop"), "Exit: p");
+    EXPECT_EQ(messageOf(lines[3], "otxns::OtxVars::deleteStack"), "class otxns::OtxVars");
 }
 
 TEST_F(Trace, TellsOfACommandAheadOfItsRefusal) {

@@ -75,7 +75,7 @@ std::vector<std::string> kept() {
 }
 
 // A change of this list is a change of the compiled form: files that were saved before can't be read any more.
-// REBASE_LAYOUT=1 in the environment writes the list anew.
+// `ninja rebase-layout` writes the list anew.
 TEST(Layout, OfEachClassIsThatOfTheFilesThatWereSaved) {
     const auto found = layout();
     if (std::getenv("REBASE_LAYOUT") != nullptr) {
