@@ -118,8 +118,8 @@ TEST(Stream, ThatTakesNothingFailsTheSaving) {
     EXPECT_EQ(saving(bad), refused);
     std::ostream nowhere(nullptr);
     EXPECT_EQ(saving(nowhere), refused);
-    std::ostringstream good;
-    EXPECT_EQ(saving(good), "saved");
+    std::ostringstream taking;
+    EXPECT_EQ(saving(taking), "saved");
 }
 
 TEST(Stream, IsNotKept) {
