@@ -104,6 +104,7 @@ COtxValue Sequencer_impl::OtxMain(const std::string& procedure, const COtxValue&
         }
     }
     if (failure != nullptr) std::rethrow_exception(failure);
+    // Fails without a host, also after a sequence that has no screens. This is meant.
     context->HMI().closeAll();
     context->EndFlow(thread);
     return result;

@@ -67,6 +67,8 @@ TEST_F(Run, OnAnotherThreadAfterAnExceptionWorks) {
 TEST_F(Run, WithoutAHostFailsAtItsEnd) {
     sequencer = load(counting);
     EXPECT_EQ(outcomeOfRun(*sequencer, "main"), "failure HMI not initialised: ");
+    EXPECT_EQ(json(sequencer->Control("status", COtxValue())),
+              R"({"flows":[{"id":0,"state":"RUNNING"}],"globalvars":{"g":11}})");
     EXPECT_EQ(outcomeOfRun(*sequencer, "fail"), "exception UserException: t");
     sequencer->SetHost(host);
     EXPECT_EQ(outcomeOfRun(*sequencer, "main"), R"({"o":12})") << "the first run has done its work";
@@ -166,6 +168,19 @@ TEST_F(Run, RefusesArgumentsThatAreNoMap) {
     EXPECT_TRUE(outcomeOfRun(*sequencer, "main", value("5")).starts_with("exception TypeMismatchException: "));
     EXPECT_TRUE(outcomeOfRun(*sequencer, "main", value("[1]")).starts_with("exception TypeMismatchException: "));
     EXPECT_EQ(outcomeOfRun(*sequencer, "main"), R"({"o":11})");
+}
+
+TEST_F(Run, LooksForTheProcedureAheadOfItsArguments) {
+    begin(counting);
+    EXPECT_EQ(outcomeOfRun(*sequencer, "nothing", value("5")), "failure procedure nothing not found: ");
+}
+
+TEST_F(Run, WithRefusedArgumentsBeginsNoFlow) {
+    begin(counting);
+    EXPECT_TRUE(outcomeOfRun(*sequencer, "main", value("5")).starts_with("exception TypeMismatchException: "));
+    EXPECT_EQ(json(sequencer->Control("status", COtxValue())), R"({"flows":[],"globalvars":{"g":10}})");
+    EXPECT_EQ(outcomeOfRun(*sequencer, "nothing"), "failure procedure nothing not found: ");
+    EXPECT_EQ(json(sequencer->Control("status", COtxValue())), R"({"flows":[],"globalvars":{"g":10}})");
 }
 
 TEST_F(Run, NamesTheProcedureThatIsNotThere) {

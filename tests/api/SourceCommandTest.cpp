@@ -256,6 +256,23 @@ TEST_F(SourceCommand, ReachesTheSourcesOfANewSequencerOnTheThreadOfACancelledOne
     }
 }
 
+TEST_F(SourceCommand, CancellingClosesASourceThatNobodyWaitsFor) {
+    const auto thread = std::make_shared<WorkThread>();
+    Session other(thread, document(procedure("main", doNothing("a1") + doNothing("a2"))), host);
+    COtxValue source;
+    thread->post([&] {
+        source = COtxMonitorChangeEventSource();
+        return std::string();
+    }).get();
+    source.EventSource().Put(COtxString("kept"));
+    other.start("main", true);
+    stopAt("a1");
+    EXPECT_EQ(other.control("cancel"), ok);
+    COtxValue event;
+    EXPECT_FALSE(source.EventSource().Wait(event));
+    EXPECT_EQ(other.outcome(), cancelled);
+}
+
 TEST_F(SourceCommand, OfARunOnAnotherThreadThanTheSequencersReachesItsLanesToo) {
     const auto sequencer = load(document(
         procedure("main", parallel("n1", {waitFor("w1", {"s"}) + set("a1", "g", 1)}) + waitFor("w2", {"s"}), sourceParameter),

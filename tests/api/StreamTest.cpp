@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ios>
+#include <istream>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -116,8 +118,8 @@ TEST(Stream, ThatTakesNothingFailsTheSaving) {
     EXPECT_EQ(saving(bad), refused);
     std::ostream nowhere(nullptr);
     EXPECT_EQ(saving(nowhere), refused);
-    std::ostringstream good;
-    EXPECT_EQ(saving(good), "saved");
+    std::ostringstream taking;
+    EXPECT_EQ(saving(taking), "saved");
 }
 
 TEST(Stream, IsNotKept) {
@@ -137,6 +139,37 @@ TEST(Stream, ThatCannotBeReadLeavesLoadingPossible) {
         EXPECT_NE(failureOf("nothing"), "loaded");
     }
     EXPECT_EQ(failureOf(good), "loaded");
+}
+
+struct Broken : std::ios_base::failure {
+    Broken() : failure("broken") {}
+};
+
+// Fails behind the end of its text.
+class BreakingBuffer : public std::stringbuf {
+public:
+    explicit BreakingBuffer(const std::string& text) : std::stringbuf(text, std::ios::in) {}
+
+protected:
+    int_type underflow() override { throw Broken(); }
+};
+
+TEST(Stream, ThatThrowsIsHeardAsItIsForXmlAndAsAFailureOfTheCompiledForm) {
+    const auto loading = [](const std::string& text) -> std::string {
+        BreakingBuffer buffer(text);
+        std::istream stream(&buffer);
+        stream.exceptions(std::ios::badbit);
+        try {
+            velkotx::CreateSequencer(stream);
+        } catch (const Broken&) {
+            return "broken";
+        } catch (const std::exception& failure) {
+            return failure.what();
+        }
+        return "loaded";
+    };
+    EXPECT_EQ(loading(good.substr(0, good.size() / 2)), "broken");
+    EXPECT_BEGINS(loading("no document at all"), "VelkOTX CDR Parsing Exception: broken");
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The pattern of the classes: registration, members, containers, copies.
 #include "Documents.h"
 
+#include <schema/DiagComPlus.h>
+#include <schema/ExternalServiceProvider.h>
 #include <schema/Registry.h>
 
 #include <gtest/gtest.h>
@@ -109,6 +111,29 @@ TEST(Tree, AnAbsentDefaultedAttributeIsACloneOfItsDefault) {
     EXPECT_EQ(constants[0].visibility()._container(), &constants[0]);
     EXPECT_EQ(constants[2].visibility().number(), 2);
     EXPECT_EQ(tree->signatures()->signature()[0].visibility(), "PACKAGE");
+}
+
+TEST(Tree, EachDefaultIsThatOfItsAttribute) {
+    const auto tree = load(R"(<?xml version="1.0"?>
+<otx xmlns="http://iso.org/OTX/1.0.0" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance"
+     xmlns:p="http://iso.org/OTX/1.0.0/DiagComPlus" xmlns:x="http://iso.org/OTX/1.0.0/ExternalServiceProvider"
+     id="o" package="p" version="1" timestamp="2026-01-15T10:00:00">
+<declarations><constant id="c"><realisation><dataType xsi:type="p:ComChannelState"><p:init/></dataType></realisation></constant>
+<variable id="v"/><context id="k"/></declarations><validities><validity id="w"/></validities><signatures><signature id="s">
+<realisation xsi:type="x:ServiceProviderSignature"><x:properties><x:property id="r"/></x:properties></realisation>
+</signature></signatures></otx>)");
+    const auto& declarations = *tree->declarations();
+    EXPECT_EQ(declarations.constant()[0].visibility(), "PRIVATE");
+    EXPECT_EQ(declarations.variable()[0].visibility(), "PRIVATE");
+    EXPECT_EQ(dynamic_cast<const otxns::ContextVariableDeclaration&>(declarations.context()[0]).visibility(), "PRIVATE");
+    EXPECT_EQ(tree->validities()->validity()[0].visibility(), "PRIVATE");
+    const auto& signature = tree->signatures()->signature()[0];
+    EXPECT_EQ(signature.visibility(), "PACKAGE");
+    const auto& provider = dynamic_cast<const ExternalServiceProvider::ServiceProviderSignature&>(*signature.realisation());
+    EXPECT_EQ(provider.properties()->property()[0].accessType(), "READ-ONLY");
+    const auto& state =
+        dynamic_cast<const DiagComPlus::ComChannelState&>(declarations.constant()[0].realisation()->dataType());
+    EXPECT_EQ(state.init()->value(), "OFFLINE");
 }
 
 TEST(Tree, APathKeepsTheOrderOfItsSteps) {

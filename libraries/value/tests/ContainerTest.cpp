@@ -113,6 +113,9 @@ TEST(GetOptionalParameter, AnswersTheFallbackForAMissingKeyOnly) {
     EXPECT_EQ(OTX::GetOptionalParameter(COtxValue(), "count", fallback, ValueType::Integer).Int(), -1);
     EXPECT_EQ(OTX_THROWN_KIND(OTX::GetOptionalParameter(settings(), "name", fallback, ValueType::Integer)),
               typeMismatch);
+    const COtxMap holdingNothing(std::map<const std::string, COtxValue>{{"count", COtxValue()}});
+    EXPECT_EQ(OTX_THROWN_KIND(OTX::GetOptionalParameter(holdingNothing, "count", fallback, ValueType::Integer)),
+              typeMismatch) << "an entry without a value is there";
     EXPECT_EQ(OTX_THROWN_KIND(OTX::GetOptionalParameter(COtxInt(1), "name", fallback, ValueType::Integer)),
               typeMismatch);
 }

@@ -1,11 +1,15 @@
 // Events, their sources, and the sources of a whole run.
 #include <otx/event/Events.h>
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
 #include <limits>
 #include <thread>
+#include <vector>
 
 #include "Thrown.h"
+#include "event/OpenSources.h"
 
 namespace {
 
@@ -359,6 +363,26 @@ TEST(PutAll, DeliversToEveryOpenSourceOfTheGroup) {
     // Absent ones count as empty.
     COtxEventSource::PutAll(self, COtxValue(), COtxValue());
     EXPECT_EQ(next(signal), "ServiceProvider");
+}
+
+// A flow whose wait ends may make its next source while the others are still being closed.
+TEST(CloseAll, LeavesAloneWhatIsMadeMeanwhile) {
+    // The lowest in memory is the first: what is made from now on lies behind it.
+    COtxValue first;
+    {
+        std::vector<COtxValue> some;
+        while (some.size() < 64) some.push_back(COtxMonitorChangeEventSource());
+        first = *std::min_element(some.begin(), some.end(), [](const COtxValue& left, const COtxValue& right) {
+            return std::less<>()(otx::sourceBehind(left).get(), otx::sourceBehind(right).get());
+        });
+    }
+    std::vector<COtxValue> made;
+    otx::OpenSources::instance().forGroup(std::this_thread::get_id(), [&](otx::EventSource& source) {
+        while (made.size() < 64) made.push_back(COtxMonitorChangeEventSource());
+        source.Close();
+    });
+    EXPECT_TRUE(COtxEventSource::IsClosed(first));
+    EXPECT_TRUE(std::none_of(made.begin(), made.end(), COtxEventSource::IsClosed));
 }
 
 TEST(CloseAll, BearsSourcesThatComeAndGo) {

@@ -14,6 +14,8 @@
 #include <xercesc/dom/DOMElement.hpp>
 
 #include <optional>
+#include <ostream>
+#include <string>
 
 namespace otxns {
 
@@ -22,11 +24,29 @@ namespace {
 constexpr schema::TypeName rootType{"Otx", "http://iso.org/OTX/1.0.0"};
 constexpr const char* rootElement = "otx";
 
+// In words that name the failure; those of the runtime begin with what was expected.
+class UnexpectedRoot : public xsd::cxx::tree::unexpected_element<char> {
+public:
+    UnexpectedRoot(const std::string& name, const std::string& space)
+        : unexpected_element(name, space, rootElement, rootType.space) {}
+
+protected:
+    void print(std::ostream& out) const override {
+        out << "unexpected element '" << qualified(encountered_namespace(), encountered_name()) << "', expected element '"
+            << qualified(expected_namespace(), expected_name()) << "'";
+    }
+
+private:
+    static std::string qualified(const std::string& space, const std::string& name) {
+        return space.empty() ? name : space + '#' + name;
+    }
+};
+
 std::unique_ptr<Otx> build(const xercesc::DOMElement& root, schema::flags f) {
     const std::string name = schema::narrow(root.getLocalName());
     const std::string space = schema::narrow(root.getNamespaceURI());
     if (name != rootElement || space != rootType.space)
-        throw xsd::cxx::tree::unexpected_element<char>(name, space, rootElement, rootType.space);
+        throw UnexpectedRoot(name, space);
     const schema::Arena::Use arena;
     const Name::Memory names;
     schema::Reader reader;
