@@ -1,9 +1,13 @@
 // Events, their sources, and the sources of a whole run.
 #include <otx/event/Events.h>
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
 #include <limits>
+#include <memory>
 #include <thread>
+#include <vector>
 
 #include "Thrown.h"
 
@@ -51,6 +55,32 @@ private:
     bool came_ = false;
     std::thread thread_;
 };
+
+// Makes many sources when it dies, as a flow may that a source has woken.
+constexpr std::size_t many = 2000;
+class MakerOfSources : public COtxValueBehaviour {
+public:
+    explicit MakerOfSources(std::vector<COtxValue>& made)
+        : COtxValueBehaviour(OTX::ValueType::FlashSession), made_(made) {}
+    MakerOfSources(const MakerOfSources&) = delete;
+    MakerOfSources& operator=(const MakerOfSources&) = delete;
+    ~MakerOfSources() override {
+        for (std::size_t i = 0; i < many; ++i) made_.push_back(COtxSignalEventSource(EventKind::DiagService));
+    }
+
+private:
+    std::vector<COtxValue>& made_;
+};
+
+// The first of many by its address, which those that come later in the places of the others are behind.
+template <class Make>
+COtxValue firstByAddress(const Make& make) {
+    std::vector<COtxValue> sources;
+    for (std::size_t i = 0; i < many; ++i) sources.push_back(make());
+    return *std::min_element(sources.begin(), sources.end(), [](const COtxValue& left, const COtxValue& right) {
+        return std::less<>()(&left.EventSource(), &right.EventSource());
+    });
+}
 
 }  // namespace
 
@@ -359,6 +389,29 @@ TEST(PutAll, DeliversToEveryOpenSourceOfTheGroup) {
     // Absent ones count as empty.
     COtxEventSource::PutAll(self, COtxValue(), COtxValue());
     EXPECT_EQ(next(signal), "ServiceProvider");
+}
+
+TEST(CloseAll, LeavesSourcesOpenThatAreMadeMeanwhile) {
+    std::vector<COtxValue> made;
+    const COtxValue source = firstByAddress([] { return COtxSignalEventSource(EventKind::DiagService); });
+    source.EventSource().Put(COtxValue(std::make_shared<MakerOfSources>(made)));
+    COtxEventSource::CloseAll(std::this_thread::get_id());
+    EXPECT_TRUE(COtxEventSource::IsClosed(source));
+    ASSERT_EQ(made.size(), many);
+    for (const COtxValue& later : made) EXPECT_FALSE(COtxEventSource::IsClosed(later));
+}
+
+TEST(PutAll, DeliversNothingToSourcesThatAreMadeMeanwhile) {
+    std::vector<COtxValue> made;
+    const COtxValue source = firstByAddress([] { return COtxMonitorChangeEventSource(1); });
+    source.EventSource().Put(COtxValue(std::make_shared<MakerOfSources>(made)));
+    COtxEventSource::PutAll(std::this_thread::get_id(), COtxInt(1), COtxValue());
+    EXPECT_EQ(next(source), "MonitorChange(1)");
+    ASSERT_EQ(made.size(), many);
+    for (const COtxValue& later : made) {
+        later.EventSource().Put(COtxInt(2));
+        EXPECT_EQ(next(later), "DiagService(2)");
+    }
 }
 
 TEST(CloseAll, BearsSourcesThatComeAndGo) {
