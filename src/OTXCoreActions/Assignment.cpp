@@ -1,4 +1,5 @@
 // The Assignment action.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/VariableAccess.h>
 #include <Trace.h>
@@ -8,7 +9,8 @@ namespace otxns {
 template <>
 void Assignment_impl<Assignment_base>::exec(OtxContext& context) const {
     COtxValue value = evaluate(term(), context);
-    OTX_TRACE(3, ":Assigning: " << value << ", type " << value.stringType() << " to " << result().name());
+    OTX_TRACE(3,
+              ":Assigning: " << Shown(value, context) << ", type " << value.stringType() << " to " << result().name());
     assign(result(), context, std::move(value));
 }
 

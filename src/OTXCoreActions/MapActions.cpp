@@ -31,7 +31,7 @@ void MapPutItems_impl<MapPutItems_base>::exec(OtxContext& context) const {
     for (const MapItem& term : item()) {
         const COtxValue key = evaluate(term.key(), context);
         COtxValue value = evaluate(term.value(), context);
-        OTX_TRACE(4, "key: " << key << " value: " << value);
+        OTX_TRACE(4, "key: " << Shown(key, context) << " value: " << Shown(value, context));
         put(target.Map(), key, std::move(value), context);
     }
 }
@@ -42,7 +42,7 @@ void MapRemoveItems_impl<MapRemoveItems_base>::exec(OtxContext& context) const {
     const COtxValue target = map().read(context);
     for (const Term& term : key()) {
         const COtxValue removed = evaluate(term, context);
-        OTX_TRACE(4, "key: " << removed);
+        OTX_TRACE(4, "key: " << Shown(removed, context));
         Entries& entries = target.Map();
         const Entries::node_type dropped = lookInto(context, [&] { return entries.extract(removed); });
         if (dropped) continue;

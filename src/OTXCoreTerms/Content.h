@@ -4,6 +4,7 @@
 #include <OTXContext/OtxContext.h>
 
 #include <mutex>
+#include <ostream>
 
 namespace otxns {
 
@@ -24,5 +25,20 @@ template <class Look>
 auto lookAt(const COtxValue& value, OtxContext& context, Look look) {
     return holdsContent(value) ? lookInto(context, look) : look();
 }
+
+// A value in a line of the trace, with its content.
+class Shown {
+public:
+    Shown(const COtxValue& value, OtxContext& context) : value_(value), context_(context) {}
+
+    friend std::ostream& operator<<(std::ostream& out, const Shown& shown) {
+        lookAt(shown.value_, shown.context_, [&] { out << shown.value_; });
+        return out;
+    }
+
+private:
+    const COtxValue& value_;
+    OtxContext& context_;
+};
 
 }  // namespace otxns

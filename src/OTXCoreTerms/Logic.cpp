@@ -1,8 +1,7 @@
 // The logic terms.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <otx/value/COtxBool.h>
-
-#include <functional>
 
 namespace otxns {
 
@@ -33,7 +32,9 @@ COtxValue LogicOr_impl<LogicOr_base>::eval(OtxContext& context) const {
 template <>
 COtxValue LogicXor_impl<LogicXor_base>::eval(OtxContext& context) const {
     if (term().size() != 2) return COtxBool(false);
-    return COtxBool(evaluateTwo(term()[0], term()[1], context, std::not_equal_to<>()));
+    return COtxBool(evaluateTwo(term()[0], term()[1], context, [&](const COtxValue& left, const COtxValue& right) {
+        return lookAt(left, context, [&] { return left != right; });
+    }));
 }
 
 template <>

@@ -24,7 +24,7 @@ void addEvent(const COtxValue& multiSource, const COtxValue& value, otxns::OtxCo
         return;
     }
     if (multiSource.EventSource().Add(value)) return;
-    OTX_TRACE_AS("Event::addEvent", 0, "not an eventSource: " << value);
+    OTX_TRACE_AS("Event::addEvent", 0, "not an eventSource: " << otxns::Shown(value, context));
     throw COtxException(OTX::Exceptions_e::TypeMismatchException, "");
 }
 

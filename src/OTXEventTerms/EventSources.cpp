@@ -1,4 +1,5 @@
 // The terms that make event sources: of a timer, and of a variable.
+#include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <Trace.h>
 #include <otx/event/COtxMonitorChangeEventSource.h>
@@ -23,7 +24,7 @@ COtxValue attached(const COtxValue& source, const otxns::Variable& variable, otx
 template <>
 COtxValue TimerExpiredEventSource_impl<TimerExpiredEventSource_base>::eval(otxns::OtxContext& context) const {
     const COtxValue milliseconds = otxns::evaluate(timeout(), context);
-    OTX_TRACE(4, "Started timer event source: " << milliseconds);
+    OTX_TRACE(4, "Started timer event source: " << otxns::Shown(milliseconds, context));
     return COtxTimerExpiredEventSource(milliseconds);
 }
 

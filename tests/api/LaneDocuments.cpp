@@ -99,6 +99,10 @@ std::string makeMonitor(const std::string& id, const std::string& target, const 
     return assign(id, "e:EventSourceVariable", target, in("term", monitor(variable)));
 }
 
+std::string appendMonitor(const std::string& id, const std::string& list, const std::string& variable) {
+    return action(id, "ListAppendItems", "<list name=\"" + list + "\"/>" + in("item", monitor(variable)));
+}
+
 std::string waitFor(const std::string& id, const Texts& sources, const std::string& event) {
     std::string content;
     for (const std::string& name : sources) content += "<e:source xsi:type=\"e:EventSourceValue\" valueOf=\"" + name + "\"/>";

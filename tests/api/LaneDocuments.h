@@ -41,6 +41,9 @@ std::string monitor(const std::string& variable);
 std::string makeTimer(const std::string& id, const std::string& target, long long milliseconds);
 std::string makeMonitor(const std::string& id, const std::string& target, const std::string& variable);
 
+// Appends such a source to a list.
+std::string appendMonitor(const std::string& id, const std::string& list, const std::string& variable);
+
 // Waits for the sources in these variables, and stores the event in `event` if that isn't empty.
 std::string waitFor(const std::string& id, const Texts& sources, const std::string& event = "");
 // Waits for a source that the action makes itself.

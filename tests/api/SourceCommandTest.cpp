@@ -7,10 +7,13 @@
 #include "Values.h"
 #include "WaitProbe.h"
 
+#include <otx/event/COtxEventSource.h>
 #include <otx/event/COtxMonitorChangeEventSource.h>
+#include <otx/value/COtxList.h>
 #include <otx/value/COtxMap.h>
 #include <otx/value/COtxString.h>
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -241,6 +244,19 @@ TEST_F(SourceCommand, ClosingOrCancellingOneRunLeavesTheOtherWaiting) {
         EXPECT_EQ(other.control("putes", R"({"value":2})"), ok);
         EXPECT_EQ(other.outcome(), R"json({"e":{"Event":"MonitorChange(2)"}})json");
     }
+}
+
+// A list that the host gives is the one that the sequence appends to.
+TEST_F(SourceCommand, CancellingClosesWhatNobodyWaitsForToo) {
+    begin(procedure("main", appendMonitor("a1", "l", "x") + waitFor("w1", {"s"}) + doNothing("a2"),
+                    sourceParameter + listOf("inParam", "l")));
+    const COtxList kept;
+    session->start("main", false, COtxMap(std::map<const std::string, COtxValue>{{"s", probeValue}, {"l", kept}}));
+    probe.awaitWaits(1);
+    EXPECT_EQ(control("cancel"), ok);
+    EXPECT_EQ(outcome(), cancelled);
+    ASSERT_EQ(kept.List().size(), 1U);
+    EXPECT_TRUE(COtxEventSource::IsClosed(kept.List().front()));
 }
 
 TEST_F(SourceCommand, ReachesTheSourcesOfANewSequencerOnTheThreadOfACancelledOne) {

@@ -8,6 +8,7 @@
 
 // Operations on all open event sources that belong to one group of threads. A source belongs to the group that its
 // creating thread was in at its creation; one made by a thread in no group belongs to that thread alone, while it runs.
+// What is done to all sources of a group is done to those that there are when it begins, not to those made meanwhile.
 // Any thread.
 class OTX_API COtxEventSource {
 public:

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -55,6 +56,32 @@ private:
     bool came_ = false;
     std::thread thread_;
 };
+
+// Makes many sources when it dies, as a flow may that a source has woken.
+constexpr std::size_t many = 2000;
+class MakerOfSources : public COtxValueBehaviour {
+public:
+    explicit MakerOfSources(std::vector<COtxValue>& made)
+        : COtxValueBehaviour(OTX::ValueType::FlashSession), made_(made) {}
+    MakerOfSources(const MakerOfSources&) = delete;
+    MakerOfSources& operator=(const MakerOfSources&) = delete;
+    ~MakerOfSources() override {
+        for (std::size_t i = 0; i < many; ++i) made_.push_back(COtxSignalEventSource(EventKind::DiagService));
+    }
+
+private:
+    std::vector<COtxValue>& made_;
+};
+
+// The first of many by its address, which those that come later in the places of the others are behind.
+template <class Make>
+COtxValue firstByAddress(const Make& make) {
+    std::vector<COtxValue> sources;
+    for (std::size_t i = 0; i < many; ++i) sources.push_back(make());
+    return *std::min_element(sources.begin(), sources.end(), [](const COtxValue& left, const COtxValue& right) {
+        return std::less<>()(&left.EventSource(), &right.EventSource());
+    });
+}
 
 }  // namespace
 
@@ -365,24 +392,27 @@ TEST(PutAll, DeliversToEveryOpenSourceOfTheGroup) {
     EXPECT_EQ(next(signal), "ServiceProvider");
 }
 
-// A flow whose wait ends may make its next source while the others are still being closed.
-TEST(CloseAll, LeavesAloneWhatIsMadeMeanwhile) {
-    // The lowest in memory is the first: what is made from now on lies behind it.
-    COtxValue first;
-    {
-        std::vector<COtxValue> some;
-        while (some.size() < 64) some.push_back(COtxMonitorChangeEventSource());
-        first = *std::min_element(some.begin(), some.end(), [](const COtxValue& left, const COtxValue& right) {
-            return std::less<>()(otx::sourceBehind(left).get(), otx::sourceBehind(right).get());
-        });
-    }
+TEST(CloseAll, LeavesSourcesOpenThatAreMadeMeanwhile) {
     std::vector<COtxValue> made;
-    otx::OpenSources::instance().forGroup(std::this_thread::get_id(), [&](otx::EventSource& source) {
-        while (made.size() < 64) made.push_back(COtxMonitorChangeEventSource());
-        source.Close();
-    });
-    EXPECT_TRUE(COtxEventSource::IsClosed(first));
-    EXPECT_TRUE(std::none_of(made.begin(), made.end(), COtxEventSource::IsClosed));
+    const COtxValue source = firstByAddress([] { return COtxSignalEventSource(EventKind::DiagService); });
+    source.EventSource().Put(COtxValue(std::make_shared<MakerOfSources>(made)));
+    COtxEventSource::CloseAll(std::this_thread::get_id());
+    EXPECT_TRUE(COtxEventSource::IsClosed(source));
+    ASSERT_EQ(made.size(), many);
+    for (const COtxValue& later : made) EXPECT_FALSE(COtxEventSource::IsClosed(later));
+}
+
+TEST(PutAll, DeliversNothingToSourcesThatAreMadeMeanwhile) {
+    std::vector<COtxValue> made;
+    const COtxValue source = firstByAddress([] { return COtxMonitorChangeEventSource(1); });
+    source.EventSource().Put(COtxValue(std::make_shared<MakerOfSources>(made)));
+    COtxEventSource::PutAll(std::this_thread::get_id(), COtxInt(1), COtxValue());
+    EXPECT_EQ(next(source), "MonitorChange(1)");
+    ASSERT_EQ(made.size(), many);
+    for (const COtxValue& later : made) {
+        later.EventSource().Put(COtxInt(2));
+        EXPECT_EQ(next(later), "DiagService(2)");
+    }
 }
 
 TEST(CloseAll, BearsSourcesThatComeAndGo) {

@@ -24,10 +24,10 @@ OpenSources& OpenSources::instance() {
 void OpenSources::add(const std::shared_ptr<EventSource>& source) {
     const std::thread::id self = std::this_thread::get_id();
     const auto root = COtxEventSource::ThreadGroup().RootOf(self);
-    Entry entry{root.value_or(self), std::nullopt, source, 0};
+    Entry entry{root.value_or(self), 0, std::nullopt, source};
     if (!root) entry.lifeOfThread = lifeOfThisThread();
     const std::lock_guard guard(sourcesLock_);
-    entry.number = ++made_;
+    entry.number = made_++;
     sources_.insert_or_assign(source.get(), std::move(entry));
 }
 
@@ -41,11 +41,16 @@ std::thread::id OpenSources::rootOf(std::thread::id thread) {
     return COtxEventSource::ThreadGroup().RootOf(thread).value_or(thread);
 }
 
-std::shared_ptr<EventSource> OpenSources::next(std::thread::id root, EventSource* after, std::uint64_t last) {
+std::uint64_t OpenSources::made() {
+    const std::lock_guard guard(sourcesLock_);
+    return made_;
+}
+
+std::shared_ptr<EventSource> OpenSources::next(std::thread::id root, std::uint64_t end, EventSource* after) {
     const std::lock_guard guard(sourcesLock_);
     for (auto found = sources_.upper_bound(after); found != sources_.end(); ++found) {
         const Entry& entry = found->second;
-        if (entry.root != root || entry.number > last || (entry.lifeOfThread && entry.lifeOfThread->expired())) continue;
+        if (entry.root != root || entry.number >= end || (entry.lifeOfThread && entry.lifeOfThread->expired())) continue;
         if (auto source = entry.source.lock()) return source;
     }
     return nullptr;

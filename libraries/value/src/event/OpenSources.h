@@ -1,7 +1,6 @@
 // All event sources of the process with the thread groups they belong to.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -24,34 +23,36 @@ public:
     // Enters a source under the group of the calling thread.
     void add(const std::shared_ptr<EventSource>& source);
     void remove(EventSource* source) noexcept;
-    // Does something with each source of the group that the thread is in, with no lock held. What is made meanwhile, such as by
-    // a flow whose wait this ends, is left alone. Needs no memory of its own: a run is cancelled also where there is none.
+    // Does something with each source of the group that the thread is in, with no lock held. What is made meanwhile, perhaps
+    // by a flow that one of the sources has woken, isn't among them. Needs no memory of its own: a run is cancelled also where
+    // there is none.
     template <class Action>
     void forGroup(std::thread::id thread, const Action& action) {
         const std::thread::id root = rootOf(thread);
-        const std::uint64_t begun = made_;
-        for (auto source = next(root, nullptr, begun); source != nullptr; source = next(root, source.get(), begun))
+        const std::uint64_t end = made();
+        for (auto source = next(root, end, nullptr); source != nullptr; source = next(root, end, source.get()))
             action(*source);
     }
 
 private:
     struct Entry {
         std::thread::id root;
+        // How many had been made before it.
+        std::uint64_t number;
         // Set for the source of a thread in no group: gone when that thread has ended, whose number another may have.
         std::optional<std::weak_ptr<const void>> lifeOfThread;
         std::weak_ptr<EventSource> source;
-        std::uint64_t number;
     };
 
     static std::thread::id rootOf(std::thread::id thread);
-    // The first one of the group behind that address whose number is at most `last`; null for none.
-    std::shared_ptr<EventSource> next(std::thread::id root, EventSource* after, std::uint64_t last);
+    std::uint64_t made();
+    // The first one of the group behind that address with a number below `end`; null for none.
+    std::shared_ptr<EventSource> next(std::thread::id root, std::uint64_t end, EventSource* after);
 
-    // Guards sources_ and the writes of made_.
+    // Guards the two below.
     std::mutex sourcesLock_;
+    std::uint64_t made_ = 0;
     std::map<EventSource*, Entry, std::less<>> sources_;
-    // The number of the last source.
-    std::atomic<std::uint64_t> made_{0};
 };
 
 // Makes a source and enters it.
