@@ -75,7 +75,7 @@ void Screen::leave() {
 
 void Screen::end() {
     changeEvents_.end();
-    OTX_TRACE(4, host_.screen());
+    OTX_TRACE_AS("OTX::Screen::~Screen", 4, host_.screen());
 }
 
 }  // namespace OTX

@@ -14,11 +14,16 @@
 #include <otx/provider/HostInterface.h>
 #include <otx/provider/Provider.h>
 #include <otx/provider/ServiceProviderFactory.h>
+#include <otx/value/COtxValueBehaviour.h>
+#include <otx/value/IByteField.h>
+#include <otx/value/IException.h>
+#include <otx/value/IFileHandle.h>
 #include <otx/value/IQuantity.h>
+#include <otx/value/IString.h>
 #include <otx/value/IUnit.h>
+#include <otx/value/OtxVariable.h>
 
 #include "Slots.h"
-#include "Thrown.h"
 
 TEST(InterfaceOrder, Behaviour) {
     using B = COtxValueBehaviour;

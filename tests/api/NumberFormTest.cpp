@@ -1,0 +1,77 @@
+// How hosts may show the integers that modules make.
+#include "Documents.h"
+#include "LaneDocuments.h"
+#include "StopHost.h"
+
+#include <otx/diag/IFlashSession.h>
+#include <otx/value/COtxInt.h>
+#include <otx/value/COtxValueBehaviour.h>
+#include <otx/value/Values.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace {
+
+using namespace api;
+
+const std::string flash = " xmlns:f=\"http://iso.org/OTX/1.0.0/Flash\"";
+const std::string vehicle = " xmlns:c=\"http://iso.org/OTX/1.0.0/ComInterface\"";
+
+// Has two blocks, and is asked for nothing else.
+class TwoBlocks final : public COtxValueBehaviour, public OTX::IFlashSession {
+public:
+    TwoBlocks() : COtxValueBehaviour(OTX::ValueType::FlashSession) {}
+
+    OTX::IFlashSession& FlashSession() override { return *this; }
+
+    std::int64_t GetNumberOfBlocks() override { return 2; }
+
+    COtxValue GetSessionID() override { return {}; }
+    std::int64_t GetNumberOfSegments(std::int64_t) override { return 0; }
+    std::int64_t GetStartAddress(std::int64_t, std::int64_t) override { return 0; }
+    std::int64_t GetUncompressedSize(std::int64_t, std::int64_t) override { return 0; }
+    COtxValue GetDownloadData(std::int64_t, std::int64_t, std::int64_t, std::int64_t) override { return {}; }
+    std::int64_t GetNumberOfOwnIdents(std::int64_t) override { return 0; }
+    COtxValue GetOwnIdent(std::int64_t, std::int64_t) override { return {}; }
+    std::int64_t GetNumberOfSecurities(std::int64_t) override { return 0; }
+    COtxValue GetSecurityMethod(std::int64_t, std::int64_t) override { return {}; }
+    COtxValue GetLogicalBlockID(std::int64_t) override { return {}; }
+    std::int64_t GetCompressedSize(std::int64_t, std::int64_t) override { return 0; }
+    COtxValue GetLogicalBlockIndex(std::int64_t) override { return {}; }
+    COtxValue GetSecurityAccessLevel() override { return {}; }
+    COtxValue GetMaxNumberOfBlockLength(std::int64_t) override { return {}; }
+    COtxValue GetCompressionEncryption(std::int64_t, std::int64_t) override { return {}; }
+    COtxValue GetFlashDataAddressLength(std::int64_t) override { return {}; }
+    COtxValue GetFlashDataSizeLength(std::int64_t) override { return {}; }
+    COtxValue GetChecksum(std::int64_t, std::int64_t) override { return {}; }
+};
+
+// The form of the out parameter `result`.
+COtxInt::Radix formOf(const std::string& type, const std::string& flow) {
+    const auto sequencer = load(document(procedure(
+        "main", flow, declared("inParam", "session", "f:FlashSession\"" + flash + ">") + declared("outParam", "result", type))));
+    const auto host = std::make_shared<StopHost>();
+    sequencer->SetHost(host);
+    const COtxMap arguments(std::map<const std::string, COtxValue>{{"session", COtxValue(std::make_shared<TwoBlocks>())}});
+    const COtxValue out = sequencer->Run("main", arguments, false);
+    return dynamic_cast<const COtxIntBehaviour&>(*out.Map().at(COtxString("result")).GetBehaviourReference()).Radix();
+}
+
+TEST(NumberForm, OfFlashDataIsDecimal) {
+    EXPECT_EQ(formOf("Integer\">",
+                     "<action id=\"1\"><realisation xsi:type=\"Assignment\"><result xsi:type=\"IntegerVariable\" "
+                     "name=\"result\"/><term xsi:type=\"f:GetNumberOfBlocks\"" + flash +
+                         "><f:session xsi:type=\"f:FlashSessionValue\" valueOf=\"session\"/></term></realisation></action>"),
+              COtxInt::Decimal);
+}
+
+TEST(NumberForm, OfAudiencesAndStatesOfInterfacesIsDecimal) {
+    EXPECT_EQ(formOf("f:Audience\"" + flash + ">", ""), COtxInt::Decimal);
+    EXPECT_EQ(formOf("c:ConnectionStatus\"" + vehicle + ">", ""), COtxInt::Decimal);
+}
+
+}  // namespace
