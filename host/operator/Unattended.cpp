@@ -112,9 +112,11 @@ void Unattended::takeDefault(const ScreenNews& opening) {
     } else if (dialog == nullptr) {
         done = "closed";
     }
+    // Told ahead of the closing, with which the run may come to its end.
+    const std::string name = called(opening, dialog.get());
+    err_ << name + ": nobody is there, " + done + '\n' << std::flush;
     if (const auto refusal = port_.sendEvent(screenClosed(opening.screen)))
-        done = "can't be closed: " + oneLine(*refusal);
-    err_ << called(opening, dialog.get()) + ": nobody is there, " + done + '\n' << std::flush;
+        err_ << name + ": can't be closed: " + oneLine(*refusal) + '\n' << std::flush;
 }
 
 }  // namespace velkotx::host
