@@ -210,19 +210,34 @@ def closings(_):
 
 
 def changing(_):
-    """A screen with a value that changes while the run waits for its closing."""
+    """A screen with a value that changes ten times a second until the screen is closed."""
     bound = '<hmi:inArg param="count"><hmi:variable xsi:type="IntegerVariable" name="count"/></hmi:inArg>'
+    monitor = '<hmi:screen xsi:type="hmi:ScreenValue" valueOf="monitor"/>'
+    true = '<realisation xsi:type="WhileLoop"><test xsi:type="BooleanLiteral" value="true"/></realisation>'
+    count = (
+        '<term xsi:type="Add"><numeral xsi:type="IntegerValue" valueOf="count"/>'
+        '<numeral xsi:type="IntegerLiteral" value="1"/></term>'
+    )
     flow = (
         open_screen("a1", "Monitor", "monitor", bound)
-        + wait("a2", "event:TimerExpiredEventSource", '<event:timeout xsi:type="IntegerLiteral" value="300"/>')
+        # Taken ahead of all changes: a screen that is closed has none any more.
         + action(
-            "a3",
-            '<realisation xsi:type="Assignment"><result xsi:type="IntegerVariable" name="count"/>'
-            '<term xsi:type="IntegerLiteral" value="7"/></realisation>',
+            "a2",
+            '<realisation xsi:type="Assignment"><result xsi:type="event:EventSourceVariable" name="closed"/>'
+            f'<term xsi:type="hmi:ScreenClosedEventSource">{monitor}</term></realisation>',
         )
-        + wait_for_closing("a4", "monitor")
+        + '<parallel id="n1"><realisation><lane>'
+        + wait("a3", "event:EventSourceValue", "").replace("></event:source>", ' valueOf="closed"/>')
+        + '<terminateLanes id="n2"/></lane><lane>'
+        + f'<loop id="n3"><realisation><configuration id="c3">{true}</configuration><flow>'
+        + wait("a4", "event:TimerExpiredEventSource", '<event:timeout xsi:type="IntegerLiteral" value="100"/>')
+        + action(
+            "a5", f'<realisation xsi:type="Assignment"><result xsi:type="IntegerVariable" name="count"/>{count}</realisation>'
+        )
+        + "</flow></realisation></loop></lane></realisation></parallel>"
     )
-    return operator_procedure(flow, [("count", "Integer", '<init value="1"/>')], variable("monitor", "hmi:Screen"))
+    variables = variable("monitor", "hmi:Screen") + variable("closed", "event:EventSource")
+    return operator_procedure(flow, [("count", "Integer", '<init value="1"/>')], variables)
 
 
 def session(_):

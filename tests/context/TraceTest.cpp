@@ -60,7 +60,7 @@ TEST_F(Trace, LineHasThreadFileLineFunctionAndMessage) {
 
 TEST_F(Trace, CutsThePathBehindItsLastBackslash) {
     Hvt::CLog::SetReportingLevel(3, 4);
-    otxns::Trace::Place place("C:\\source\\VelkOTXe\\Run.cpp", 4000000, "void f()");
+    static otxns::Trace::Place place("C:\\source\\VelkOTXe\\Run.cpp", 4000000, "void f()");
     otxns::Trace::write(4, place, [](std::ostream& out) { out << "m"; });
     EXPECT_EQ(lines, std::vector<std::string>{"3/4 " + thread() + ":Run.cpp:4000000:f:m"});
 }
