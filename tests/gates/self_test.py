@@ -11,7 +11,7 @@ BREAKS = (
     ("src/A.cpp", "// Role.\n" + "int a;\n" * 600, "601 lines"),
     ("src/A.cpp", "// Role, see Part 4.\n", "'Part 4'"),
     ("docs/a.md", "As issue 12 wants.\n", "'issue 12'"),
-    ("docs/a.md", "cd /work/project\n", "'/work/p'"),
+    ("docs/a.md", "cd /" + "work/project\n", "a path of one machine"),
     ("src/A.cpp", "// Role.\nvoid f() try {} catch (...) {}\n", "catch (...) without"),
     ("src/A.cpp", "// Role.\nvoid f() try {} catch (abi::__forced_unwind&) { log(); } catch (...) {}\n", "catch (...) without"),
     ("tests/A.cpp", "// Role.\nvoid f() { try { g(); } catch (int) {} catch (...) {} }\n", "catch (...) without"),
