@@ -165,19 +165,6 @@ def last_dialog(_):
     return operator_procedure(confirm("a1", "Last"), [("sure", "hmi:ConfirmationType")])
 
 
-def closing(_):
-    """Waits until somebody closes a screen that holds nobody."""
-    flow = action(
-        "a1",
-        '<realisation xsi:type="hmi:OpenScreen" screen="Monitor"><hmi:screenHandle name="monitor"/></realisation>',
-    ) + action(
-        "a2",
-        '<realisation xsi:type="event:WaitForEvent"><event:source xsi:type="hmi:ScreenClosedEventSource">'
-        '<hmi:screen xsi:type="hmi:ScreenValue" valueOf="monitor"/></event:source></realisation>',
-    )
-    return operator_procedure(flow, [], variable("monitor", "hmi:Screen"))
-
-
 def open_screen(identity, screen, handle, arguments=""):
     content = f'<hmi:screenHandle name="{handle}"/>' + (f"<hmi:arguments>{arguments}</hmi:arguments>" if arguments else "")
     return action(identity, f'<realisation xsi:type="hmi:OpenScreen" screen="{screen}">{content}</realisation>')
@@ -190,6 +177,27 @@ def wait(identity, source_type, content):
 
 def wait_for_closing(identity, handle):
     return wait(identity, "hmi:ScreenClosedEventSource", f'<hmi:screen xsi:type="hmi:ScreenValue" valueOf="{handle}"/>')
+
+
+def take_closing(identity, handle, taken):
+    """Keeps the event source of a screen's closing in a variable: a screen that is closed already has none any more."""
+    return action(
+        identity,
+        f'<realisation xsi:type="Assignment"><result xsi:type="event:EventSourceVariable" name="{taken}"/>'
+        '<term xsi:type="hmi:ScreenClosedEventSource">'
+        f'<hmi:screen xsi:type="hmi:ScreenValue" valueOf="{handle}"/></term></realisation>',
+    )
+
+
+def wait_for_taken(identity, taken):
+    return wait(identity, "event:EventSourceValue", "").replace("></event:source>", f' valueOf="{taken}"/>')
+
+
+def closing(_):
+    """Waits until somebody closes a screen that holds nobody."""
+    flow = open_screen("a1", "Monitor", "monitor") + take_closing("a2", "monitor", "closed") + wait_for_taken("a3", "closed")
+    variables = variable("monitor", "hmi:Screen") + variable("closed", "event:EventSource")
+    return operator_procedure(flow, [], variables)
 
 
 def given_value(_):
@@ -212,7 +220,6 @@ def closings(_):
 def changing(_):
     """A screen with a value that changes ten times a second until the screen is closed."""
     bound = '<hmi:inArg param="count"><hmi:variable xsi:type="IntegerVariable" name="count"/></hmi:inArg>'
-    monitor = '<hmi:screen xsi:type="hmi:ScreenValue" valueOf="monitor"/>'
     true = '<realisation xsi:type="WhileLoop"><test xsi:type="BooleanLiteral" value="true"/></realisation>'
     count = (
         '<term xsi:type="Add"><numeral xsi:type="IntegerValue" valueOf="count"/>'
@@ -220,14 +227,9 @@ def changing(_):
     )
     flow = (
         open_screen("a1", "Monitor", "monitor", bound)
-        # Taken ahead of all changes: a screen that is closed has none any more.
-        + action(
-            "a2",
-            '<realisation xsi:type="Assignment"><result xsi:type="event:EventSourceVariable" name="closed"/>'
-            f'<term xsi:type="hmi:ScreenClosedEventSource">{monitor}</term></realisation>',
-        )
+        + take_closing("a2", "monitor", "closed")  # ahead of all changes
         + '<parallel id="n1"><realisation><lane>'
-        + wait("a3", "event:EventSourceValue", "").replace("></event:source>", ' valueOf="closed"/>')
+        + wait_for_taken("a3", "closed")
         + '<terminateLanes id="n2"/></lane><lane>'
         + f'<loop id="n3"><realisation><configuration id="c3">{true}</configuration><flow>'
         + wait("a4", "event:TimerExpiredEventSource", '<event:timeout xsi:type="IntegerLiteral" value="100"/>')

@@ -335,8 +335,9 @@ class AskedOperator(unittest.TestCase):
         document.write_text(inputs.generate("closing"))
         pipe = self.folder / "pipe"
         os.mkfifo(pipe)
-        with Running("run", str(document), "--control", str(pipe)) as program:
+        with Running("run", str(document), "--control", str(pipe), "--log", "3") as program:
             with open(pipe, "w") as lines:
+                program.wait_for_line(":Assigning: <EventSource>")  # closing the screen sooner would end the run otherwise
                 # Only who goes on can be asked, and is refused.
                 for _ in range(20):
                     lines.write('{"control": "nonsense"}\n')
