@@ -1,6 +1,6 @@
 // The Branch node: runs the flow of the first condition that holds, else that of `else`.
 #include <OTXCoreActions/Statements.h>
-#include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/IntegerTerms.h>
 
 namespace otxns {
 
@@ -9,7 +9,7 @@ namespace {
 // A conditional flow without a condition never runs.
 bool holds(const ConditionalFlow& candidate, OtxContext& context) {
     const auto& condition = candidate.condition().realisation();
-    return condition.present() && evaluate(condition.get(), context).Bool();
+    return condition.present() && evaluateTruth(condition.get(), context);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/VariableAccess.h>
-#include <otx/value/COtxInt.h>
 #include <velkotx/Exceptions.h>
 
 #include <map>
@@ -19,7 +18,7 @@ FlowExit overList(const std::vector<COtxValue>& items, const ForEachLoop& loop, 
                   const OtxName& loopName) {
     const auto reaches = [&](std::size_t i) { return lookInto(context, [&] { return i < items.size(); }); };
     for (std::size_t i = 0; reaches(i); ++i) {
-        assign(loop.locator(), context, COtxInt(static_cast<long long>(i)));
+        assignInteger(loop.locator(), context, static_cast<long long>(i));
         const Iteration iteration = iterate(body, context, loopName);
         if (!iteration.goesOn) return iteration.exit;
     }

@@ -17,6 +17,12 @@ long long following(long long number) {
     return (COtxInt(number) + COtxInt(1)).Int();
 }
 
+long long valueOf(const IntegerVariable& counter, OtxContext& context) {
+    const Name& name = counter.name().key();
+    if (long long number = 0; !counter.path().present() && context.Variables().GetInteger(name, number)) return number;
+    return readVariable(context, name, counter.path()).Int();
+}
+
 }  // namespace
 
 // The counter is read back after each iteration, so a body that assigns it moves the loop. It ends as the end plus 1,
@@ -27,13 +33,13 @@ FlowExit run(const ForLoop& loop, OtxContext& context, const Flow& body, const O
     long long i = evaluateInteger(loop.start(), context);
     const long long last = evaluateInteger(loop.end(), context);
     while (i <= last) {
-        assign(counter, context, COtxInt(i));
+        assignInteger(counter, context, i);
         const Iteration iteration = iterate(body, context, loopName);
         if (iteration.exit) return iteration.exit;
         if (!iteration.goesOn) break;
-        i = following(readVariable(context, counter.name().key(), counter.path()).Int());
+        i = following(valueOf(counter, context));
     }
-    assign(counter, context, COtxInt(i));
+    assignInteger(counter, context, i);
     return {};
 }
 

@@ -8,6 +8,18 @@
 
 namespace otxns {
 
+namespace {
+
+// An Integer that nobody else has a handle of goes over as a number.
+void handOver(const OtxVariable& cell, const Variable& target, OtxContext& context) {
+    if (long long number = 0; cell.ReadSoleInteger(number))
+        assignInteger(target, context, number);
+    else
+        assign(target, context, cell.Value());
+}
+
+}  // namespace
+
 // A name that no procedure has makes the call do nothing; this is meant. The frame of a call that an exception leaves
 // stays until a Handler unwinds it.
 template <>
@@ -35,8 +47,8 @@ void ProcedureCall_impl<ProcedureCall_base>::exec(OtxContext& context) const {
     variables.pop();
     if (!arguments().present()) return;
     for (const OutArgument& argument : arguments()->outArg())
-        if (const auto* const cell = out.find(argument.param().key()))
-            assign(argument.variable(), context, (*cell)->Value());
+        if (const auto* const cell = out.find(argument.param().key())) handOver(**cell, argument.variable(), context);
+    for (auto& [parameter, cell] : out) variables.Recycle(std::move(cell));
 }
 
 }  // namespace otxns

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OTXContext/OtxContext.h>
+#include <otx/value/COtxInt.h>
 
 #include <utility>
 
@@ -17,6 +18,14 @@ inline void assign(const Variable& variable, OtxContext& context, COtxValue valu
         variable.path()->write(context, variable.name().key(), value);
     else
         context.Variables().Set(variable.name().key(), std::move(value));
+}
+
+// The same for an Integer of that number.
+inline void assignInteger(const Variable& variable, OtxContext& context, long long number) {
+    if (variable.path().present())
+        variable.path()->write(context, variable.name().key(), COtxInt(number));
+    else
+        context.Variables().SetInteger(variable.name().key(), number);
 }
 
 // For the terms that read the variable named by `valueOf`.

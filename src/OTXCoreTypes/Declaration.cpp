@@ -1,4 +1,5 @@
 // A declaration: a new cell with the initial value, entered in its scope.
+#include <Exactly.h>
 #include <OTXContext/OtxContext.h>
 #include <OtxVars/Cell.h>
 #include <StackGuard.h>
@@ -11,10 +12,18 @@ template <>
 void Declaration_impl<Declaration_base>::declare(OtxContext& context, bool global) const {
     if (!realisation().present() || !name().present()) return;
     requireStack();
-    COtxValue value = realisation()->dataType().eval(context);
+    OtxVars& variables = context.Variables();
+    const DataType& type = realisation()->dataType();
+    // Nearly every local, and without a value made on the way.
+    if (const auto* const integer = exactly<Integer>(type);
+        integer != nullptr && !integer->init().present() && !global && !Trace::isOn(4))
+        return variables.DeclareInteger(name()->key(), 0);
+    COtxValue value = type.eval(context);
     OTX_TRACE(4, "Id: " << id() << " Name: " << name().get() << " Type: " << value.stringType());
-    auto cell = makeCell<OtxVariable>(std::move(value));
-    context.Variables().Scope(global).Add(name()->key(), std::move(cell));
+    if (global)
+        variables.Scope(true).Add(name()->key(), makeCell<OtxVariable>(std::move(value)));
+    else
+        variables.Declare(name()->key(), std::move(value));
 }
 
 }  // namespace otxns

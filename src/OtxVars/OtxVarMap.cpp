@@ -27,7 +27,7 @@ OtxVarMap::OtxVarMap(const OtxVarMap& other) : isShared_(other.isShared_) {
 
 bool OtxVarMap::Set(const Name& name, const COtxValue& value) {
     if (isShared_) {
-        const auto cell = Find(name);
+        const auto cell = sharedFind(name);
         if (cell == nullptr) return false;
         *cell = value;
         return true;
@@ -39,7 +39,7 @@ bool OtxVarMap::Set(const Name& name, const COtxValue& value) {
 }
 
 bool OtxVarMap::storeShared(const Name& name, COtxValue& value) {
-    const auto cell = Find(name);
+    const auto cell = sharedFind(name);
     if (cell == nullptr) return false;
     cell->Store(std::move(value));
     return true;
@@ -69,11 +69,11 @@ void OtxVarMap::Add(const std::string& name, std::shared_ptr<OtxVariable> cell) 
 }
 
 COtxValue OtxVarMap::sharedValue(const Name& name) const {
-    const auto cell = Find(name);
+    const auto cell = sharedFind(name);
     return cell != nullptr ? cell->Value() : COtxValue();
 }
 
-std::shared_ptr<OtxVariable> OtxVarMap::Find(const Name& name) const {
+std::shared_ptr<OtxVariable> OtxVarMap::sharedFind(const Name& name) const {
     const Guard guard(*this);
     const Entry* const found = entry(name);
     return found != nullptr ? found->cell : nullptr;
@@ -107,6 +107,14 @@ std::shared_ptr<OtxVariable> OtxVarMap::Find(const std::string& name) const {
 
 void OtxVarMap::clear() {
     const Guard guard(*this);
+    entries_.clear();
+    index_.reset();
+    ownNames_.reset();
+}
+
+void OtxVarMap::clear(CellStock& stock) noexcept {
+    if (isShared_) return clear();
+    for (Entry& present : entries_) stock.give(std::move(present.cell));
     entries_.clear();
     index_.reset();
     ownNames_.reset();

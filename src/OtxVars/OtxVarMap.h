@@ -1,6 +1,7 @@
 // One scope of the variable store: a table from name to variable cell.
 #pragma once
 
+#include <OtxVars/CellStock.h>
 #include <OtxVars/NameIndex.h>
 #include <otx/value/COtxValue.h>
 #include <otx/value/OtxVariable.h>
@@ -64,7 +65,16 @@ public:
         return found != nullptr ? found->cell->Value() : COtxValue();
     }
     // The cell under that name, else null.
-    std::shared_ptr<OtxVariable> Find(const Name& name) const;
+    std::shared_ptr<OtxVariable> Find(const Name& name) const {
+        if (isShared_) return sharedFind(name);
+        const Entry* const found = entry(name);
+        return found != nullptr ? found->cell : nullptr;
+    }
+    // The same without holding it, by the owner: valid while the entry stands. Null also for a shared scope.
+    OtxVariable* ownCell(const Name& name) const noexcept {
+        const Entry* const found = isShared_ ? nullptr : entry(name);
+        return found != nullptr ? found->cell.get() : nullptr;
+    }
     std::map<std::string, std::shared_ptr<OtxVariable>> Snapshot() const;
 
     // The same by text.
@@ -76,6 +86,8 @@ public:
 
     // For the stacks, which use one scope for many calls. On the owner's thread only.
     void clear();
+    // Gives the cells that nobody else holds to the stock.
+    void clear(CellStock& stock) noexcept;
     void copyFrom(const OtxVarMap& other);
     void setAccess(Access access) { isShared_ = access == Access::shared; }
 
@@ -101,6 +113,7 @@ private:
     }
     Entry* entry(const Name& name) noexcept { return const_cast<Entry*>(std::as_const(*this).entry(name)); }
     const Entry* indexed(const Name& name) const noexcept;
+    std::shared_ptr<OtxVariable> sharedFind(const Name& name) const;
     COtxValue sharedValue(const Name& name) const;
     bool storeShared(const Name& name, COtxValue& value);
     void addSlowly(const Name& name, std::shared_ptr<OtxVariable>&& cell);

@@ -1,7 +1,9 @@
 // The variable store: stacks by thread, and the look-up order of the language.
+#include <OtxVars/Cell.h>
 #include <OtxVars/OtxVars.h>
 #include <Trace.h>
 #include <otx/value/COtxException.h>
+#include <otx/value/COtxInt.h>
 #include <velkotx/Exceptions.h>
 
 #include <atomic>
@@ -74,9 +76,7 @@ void OtxVars::Unwind(std::size_t depth) {
     while (StackDepth() > depth) pop();
 }
 
-std::shared_ptr<OtxVariable> OtxVars::GetVariable(const Name& name) const {
-    if (const OtxVarMap* const frame = top())
-        if (auto cell = frame->Find(name)) return cell;
+std::shared_ptr<OtxVariable> OtxVars::globalVariable(const Name& name) const {
     if (auto cell = globals.Find(name)) return cell;
     raiseUnknown(name);
 }
@@ -85,6 +85,10 @@ void OtxVars::Set(const Name& name, const COtxValue& value) {
     // A frame is no derived class, so that the call needn't be virtual.
     if (OtxVarMap* const frame = top(); frame != nullptr && frame->OtxVarMap::Set(name, value)) return;
     if (!globals.Set(name, value)) raiseUnknown(name);
+}
+
+void OtxVars::setInteger(const Name& name, long long number) {
+    Set(name, COtxInt(number));
 }
 
 void OtxVars::storeGlobal(const Name& name, COtxValue& value) {
@@ -101,6 +105,26 @@ OtxVarMap& OtxVars::Scope(bool global) {
     OtxVarMap* const frame = top();
     if (frame == nullptr) raiseInvalidStack();
     return *frame;
+}
+
+// A cell of an ended call, else a new one.
+template <class Store, class Make>
+void OtxVars::declare(const Name& name, Store store, Make make) {
+    OtxVarMap& frame = Scope(false);
+    std::shared_ptr<OtxVariable> cell = required().stock().take();
+    if (cell != nullptr) [[likely]]
+        store(*cell);
+    else
+        cell = makeCell<OtxVariable>(make());
+    frame.Add(name, std::move(cell));
+}
+
+void OtxVars::Declare(const Name& name, COtxValue&& value) {
+    declare(name, [&](OtxVariable& cell) { cell.Store(std::move(value)); }, [&] { return std::move(value); });
+}
+
+void OtxVars::DeclareInteger(const Name& name, long long number) {
+    declare(name, [&](OtxVariable& cell) { cell.StoreInteger(number); }, [&] { return COtxInt(number); });
 }
 
 std::vector<std::string> OtxVars::FrameNames(std::thread::id thread) const {

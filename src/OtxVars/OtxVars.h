@@ -13,6 +13,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace otxns {
@@ -55,7 +56,20 @@ public:
     }
     COtxValue Get(const std::string& name) const { return Get(Name(name)); }
 
-    std::shared_ptr<OtxVariable> GetVariable(const Name& name) const;
+    // The number of a variable of the calling thread's frame that holds an Integer. False for all else: Get knows.
+    bool GetInteger(const Name& name, long long& number) const {
+        const OtxVarMap* const frame = top();
+        const OtxVariable* const cell = frame != nullptr ? frame->ownCell(name) : nullptr;
+        return cell != nullptr && cell->ReadInteger(number);
+    }
+
+    std::shared_ptr<OtxVariable> GetVariable(const Name& name) const {
+        const OtxVarMap* const frame = top();
+        std::shared_ptr<OtxVariable> cell = frame != nullptr ? frame->Find(name) : nullptr;
+        if (cell == nullptr) [[unlikely]]
+            cell = globalVariable(name);
+        return cell;
+    }
     std::shared_ptr<OtxVariable> GetVariable(const std::string& name) const { return GetVariable(Name(name)); }
 
     void Set(const Name& name, const COtxValue& value);
@@ -65,12 +79,26 @@ public:
     }
     void Set(const std::string& name, const COtxValue& value) { Set(Name(name), value); }
 
+    // Set for COtxInt(number).
+    void SetInteger(const Name& name, long long number) {
+        const OtxVarMap* const frame = top();
+        if (OtxVariable* const cell = frame != nullptr ? frame->ownCell(name) : nullptr)
+            cell->StoreInteger(number);
+        else
+            setInteger(name, number);
+    }
+
     // Puts another cell under the name.
     void Bind(const Name& name, const std::shared_ptr<OtxVariable>& cell);
     void Bind(const std::string& name, const std::shared_ptr<OtxVariable>& cell) { Bind(Name(name), cell); }
 
     // Where a declaration enters its variable: the globals or the calling thread's top frame.
     OtxVarMap& Scope(bool global);
+    // Enters a new plain cell in the calling thread's top frame. A name that is there keeps its cell.
+    void Declare(const Name& name, COtxValue&& value);
+    void DeclareInteger(const Name& name, long long number);
+    // Gives back a cell of a frame that is gone, for the next declaration.
+    void Recycle(std::shared_ptr<OtxVariable> cell) { required().stock().give(std::move(cell)); }
 
     // The names of a thread's frames, bottom first; empty for a thread without a stack. Another thread's stack may be
     // looked at while its owner is parked or shares it.
@@ -101,6 +129,10 @@ private:
         return stack != nullptr ? stack->top() : nullptr;
     }
     COtxValue globalValue(const Name& name) const;
+    std::shared_ptr<OtxVariable> globalVariable(const Name& name) const;
+    void setInteger(const Name& name, long long number);
+    template <class Store, class Make>
+    void declare(const Name& name, Store store, Make make);
     void storeGlobal(const Name& name, COtxValue& value);
 
     const std::uint64_t serial_;

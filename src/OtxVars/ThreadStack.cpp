@@ -27,7 +27,7 @@ void ThreadStack::pushSlowly(const Name& name) {
 
 void ThreadStack::pop() noexcept {
     const Change change(*this);
-    frames_[depth_ - 1]->variables.clear();
+    frames_[depth_ - 1]->variables.clear(stock_);
     --depth_;
     top_ = depth_ != 0 ? &frames_[depth_ - 1]->variables : nullptr;
 }

@@ -36,6 +36,8 @@ public:
     void pop() noexcept;
     void share();
     void unshare();
+    // What pop leaves for the next declarations.
+    CellStock& stock() noexcept { return stock_; }
 
     // Begins with a copy of another stack's top frame and its name; false if the other has none.
     bool pushCopyOf(ThreadStack& other);
@@ -64,6 +66,7 @@ private:
     std::vector<std::unique_ptr<Frame>> frames_;
     std::size_t depth_ = 0;
     OtxVarMap* top_ = nullptr;
+    CellStock stock_;
 };
 
 }  // namespace otxns

@@ -129,6 +129,14 @@ private:
     }
     long long integer() const noexcept { return behaviour_->scalar_.integer; }
 
+    // What variables do with the value that they hold.
+    friend class OtxVariable;
+    void exchange(COtxValue& other) noexcept { behaviour_.swap(other.behaviour_); }
+    // Whether this is the only handle of a decimal Integer with no wish for the OTX form of JSON, so that another such Integer
+    // in its place can't be told from it being changed.
+    bool isSoleInteger() const noexcept;
+    void overwriteSoleInteger(long long number) noexcept { behaviour_->scalar_.integer = number; }
+
     // The behaviour, or the one that answers for the empty value.
     COtxValueBehaviour& answering() const noexcept;
 

@@ -168,5 +168,6 @@ private:
     const OTX::ValueType type_;
     std::atomic<bool> otxJson_{false};
     const Native native_ = Native::None;
-    const Scalar scalar_{0};
+    // Changes only in an Integer that nobody but one variable holds (OtxVariable::StoreInteger).
+    Scalar scalar_{0};
 };

@@ -24,6 +24,10 @@ public:
     // Set for a value that the caller gives away; what its handle holds afterwards is not told.
     void Store(COtxValue&& value);
 
+    // Store(COtxInt(number)). Changes the Integer that is there where no other handle could tell, so that counting makes no
+    // new values; a weak pointer on a value's behaviour doesn't count as a handle.
+    void StoreInteger(long long number);
+
     // Goes through the virtual Set. Gives its argument.
     const COtxValue& operator=(const COtxValue& value) {
         Set(value);
@@ -37,6 +41,15 @@ public:
     // A copy of the handle, safe beside writes of other threads.
     COtxValue Value() const;
 
+    // The number if the value is the library's own Integer; else false. Safe beside writes of other threads.
+    bool ReadInteger(long long& number) const;
+    // The same, only for an Integer that no other handle shares and that is like one made by COtxInt(number).
+    bool ReadSoleInteger(long long& number) const;
+
+    // Lets go of the value, save for an Integer that can be changed in place, so that the cell may serve as a new variable; for
+    // the one who holds the cell alone. False, and nothing done, for a cell of a subclass or with event sources.
+    bool Retire() noexcept;
+
     // Attaches an event source that monitors the variable, until the variable dies: every write delivers an event with
     // this name and the new value. Sources that are closed, or that nobody else holds, are dropped at the next delivery.
     // Throws kind 5 for a value that is no event source.
@@ -46,7 +59,9 @@ private:
     struct Sources;
     class Guard;
 
+    bool isPlain() const noexcept;
     void replace(COtxValue&& value);
+    void announce(Guard& guard);
     void dropDead(const std::shared_ptr<const Sources>& delivered);
 
     COtxValue value_;

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "NumberValues.h"
 #include "TextValues.h"
 #include "event/EventSource.h"
 
@@ -35,38 +36,44 @@ struct OtxVariable::Sources {
 // Spins, since the lock is held for a few instructions. A process with one thread has nobody to lock out.
 class OtxVariable::Guard {
 public:
-    explicit Guard(const OtxVariable& variable) : lock_(variable.cellLock_) {
+    explicit Guard(const OtxVariable& variable) : lock_(&variable.cellLock_) {
         if (__libc_single_threaded != 0) return;
         constexpr int spins = 64;
         int tries = 0;
-        while (lock_.exchange(true, std::memory_order_acquire)) {
+        while (lock_->exchange(true, std::memory_order_acquire)) {
             if (++tries % spins == 0) sched_yield();
         }
     }
     Guard(const Guard&) = delete;
     Guard& operator=(const Guard&) = delete;
-    ~Guard() { lock_.store(false, std::memory_order_release); }
+    ~Guard() { release(); }
+
+    void release() noexcept {
+        if (lock_ != nullptr) lock_->store(false, std::memory_order_release);
+        lock_ = nullptr;
+    }
 
 private:
-    std::atomic<bool>& lock_;
+    std::atomic<bool>* lock_;
 };
 
 OtxVariable::~OtxVariable() = default;
 
+// The class itself, whose writes nobody overrides. A type information that isn't one object only costs the virtual call.
+bool OtxVariable::isPlain() const noexcept { return &typeid(*this) == &typeid(OtxVariable); }
+
 void OtxVariable::replace(COtxValue&& value) {
-    std::shared_ptr<const Sources> sources;
-    // A copy of the new value for the delivery, made only where there is one.
-    COtxValue delivered;
-    {
-        const Guard guard(*this);
-        std::swap(value_, value);
-        if (sources_ != nullptr) [[unlikely]] {
-            sources = sources_;
-            delivered = value_;
-        }
-    }
-    if (sources == nullptr) [[likely]]
-        return;
+    Guard guard(*this);
+    value_.exchange(value);
+    if (sources_ != nullptr) [[unlikely]]
+        announce(guard);
+}
+
+// With the guard of the write that is to be told of: the delivery is of that write's value.
+void OtxVariable::announce(Guard& guard) {
+    const std::shared_ptr<const Sources> sources = sources_;
+    const COtxValue delivered = value_;
+    guard.release();
     for (const auto& [name, source] : sources->attached) source.EventSource().Changed(name, delivered);
     if (!std::all_of(sources->attached.begin(), sources->attached.end(), Sources::isAlive)) [[unlikely]]
         dropDead(sources);
@@ -87,15 +94,49 @@ void OtxVariable::Set(const COtxValue& value) { replace(COtxValue(value)); }
 
 void OtxVariable::Store(COtxValue&& value) {
     // A subclass sees every write through its Set.
-    if (typeid(*this) == typeid(OtxVariable)) [[likely]]
+    if (isPlain()) [[likely]]
         replace(std::move(value));
     else
         Set(value);
 }
 
+void OtxVariable::StoreInteger(long long number) {
+    if (!isPlain()) [[unlikely]]
+        return Set(otx::makeInteger(number));
+    {
+        const Guard guard(*this);
+        // The only handle stands in this cell, and the lock keeps others from copying it.
+        if (sources_ == nullptr && value_.isSoleInteger()) [[likely]] {
+            value_.overwriteSoleInteger(number);
+            return;
+        }
+    }
+    replace(otx::makeInteger(number));
+}
+
 COtxValue OtxVariable::Value() const {
     const Guard guard(*this);
     return value_;
+}
+
+bool OtxVariable::ReadInteger(long long& number) const {
+    const Guard guard(*this);
+    if (!value_.isNative(COtxValueBehaviour::Native::Integer)) return false;
+    number = value_.integer();
+    return true;
+}
+
+bool OtxVariable::ReadSoleInteger(long long& number) const {
+    const Guard guard(*this);
+    if (!value_.isSoleInteger()) return false;
+    number = value_.integer();
+    return true;
+}
+
+bool OtxVariable::Retire() noexcept {
+    if (!isPlain() || sources_ != nullptr) return false;
+    if (!value_.isSoleInteger()) value_ = COtxValue();
+    return true;
 }
 
 void OtxVariable::AddEventSource(const std::string& name, const COtxValue& source) {

@@ -8,6 +8,15 @@
 
 namespace {
 
+// Where no Integer is changed in place.
+#if defined(__SANITIZE_THREAD__)
+constexpr bool isWatchedForRaces = true;
+#elif defined(__has_feature)
+constexpr bool isWatchedForRaces = __has_feature(thread_sanitizer);
+#else
+constexpr bool isWatchedForRaces = false;
+#endif
+
 class ReadOnlyVariable : public OtxVariable {
 public:
     using OtxVariable::OtxVariable;
@@ -68,6 +77,74 @@ TEST(Variable, WritesReachEveryAttachedSource) {
     variable.Store(COtxInt(3));
     EXPECT_EQ(eventsOf(first, 3), "MonitorChange(speed, 1);MonitorChange(speed, 2);MonitorChange(speed, 3);");
     EXPECT_EQ(eventsOf(second, 3), "MonitorChange(alias, 1);MonitorChange(alias, 2);MonitorChange(alias, 3);");
+}
+
+TEST(Variable, CountingChangesNoValueThatAnyoneHolds) {
+    OtxVariable variable{COtxInt(1)};
+    variable.StoreInteger(2);
+    const COtxValue held = variable.Value();
+    variable.StoreInteger(3);
+    variable.StoreInteger(4);
+    EXPECT_EQ(held.Int(), 2);
+    EXPECT_EQ(variable.Value().Int(), 4);
+    const auto* const behaviour = variable.Get().GetBehaviourReference().get();
+    variable.StoreInteger(5);
+    EXPECT_EQ(variable.Value().Int(), 5);
+    EXPECT_EQ(variable.Get().GetBehaviourReference().get() == behaviour, !isWatchedForRaces);
+}
+
+TEST(Variable, AStoredIntegerIsLikeANewOne) {
+    OtxVariable variable{COtxInt(1, COtxInt::Hexadecimal)};
+    variable.StoreInteger(2);
+    EXPECT_EQ(dynamic_cast<const COtxIntBehaviour&>(*variable.Value().GetBehaviourReference()).Radix(), COtxInt::Decimal);
+    variable.Value().SetOTXJSON(true);
+    variable.StoreInteger(3);
+    EXPECT_FALSE(variable.Value().GetBehaviourReference()->OtxJSON());
+    variable.Set(COtxString("text"));
+    variable.StoreInteger(4);
+    EXPECT_EQ(variable.Value().Int(), 4);
+}
+
+TEST(Variable, AStoredIntegerIsSeenAsAWrite) {
+    ReadOnlyVariable refusing{COtxInt(1)};
+    OtxVariable& base = refusing;
+    EXPECT_EQ(OTX_THROWN_KIND(base.StoreInteger(2)), 1);
+    EXPECT_EQ(base.Get().Int(), 1);
+    OtxVariable variable{COtxInt(0)};
+    const COtxMonitorChangeEventSource source;
+    variable.AddEventSource("n", source);
+    variable.StoreInteger(1);
+    variable.StoreInteger(2);
+    EXPECT_EQ(eventsOf(source, 2), "MonitorChange(n, 1);MonitorChange(n, 2);");
+}
+
+TEST(Variable, ReadsIntegersOnly) {
+    long long number = 0;
+    OtxVariable variable{COtxInt(7)};
+    EXPECT_TRUE(variable.ReadInteger(number));
+    EXPECT_EQ(number, 7);
+    EXPECT_EQ(variable.ReadSoleInteger(number), !isWatchedForRaces);
+    const COtxValue held = variable.Value();
+    EXPECT_TRUE(variable.ReadInteger(number));
+    EXPECT_FALSE(variable.ReadSoleInteger(number));
+    for (const COtxValue& other : {COtxValue(), COtxValue(COtxFloat(7)), COtxValue(COtxBool(true)), COtxValue(COtxString("7"))}) {
+        variable.Set(other);
+        EXPECT_FALSE(variable.ReadInteger(number)) << other;
+        EXPECT_FALSE(variable.ReadSoleInteger(number)) << other;
+    }
+}
+
+TEST(Variable, ARetiredCellHoldsNobodysValue) {
+    const COtxValue list = COtxList();
+    OtxVariable variable(list);
+    EXPECT_TRUE(variable.Retire());
+    EXPECT_EQ(variable.Value().Type(), OTX::ValueType::Empty);
+    EXPECT_EQ(list.GetBehaviourReference().use_count(), 1);
+    ReadOnlyVariable refusing{COtxInt(1)};
+    EXPECT_FALSE(refusing.Retire());
+    const COtxMonitorChangeEventSource source;
+    variable.AddEventSource("n", source);
+    EXPECT_FALSE(variable.Retire());
 }
 
 TEST(Variable, TakesOnlyEventSources) {
@@ -132,6 +209,29 @@ TEST(Variable, BearsReadersAndWritersAtOnce) {
     std::thread writers[] = {std::thread(write, 1), std::thread(write, 2)};
     std::thread readers[] = {std::thread(read), std::thread(read)};
     for (auto& thread : writers) thread.join();
+    for (auto& thread : readers) thread.join();
+    EXPECT_FALSE(wrong);
+}
+
+TEST(Variable, AReadValueStaysWhileAnotherThreadCounts) {
+    OtxVariable variable{COtxInt(0)};
+    std::atomic<bool> wrong{false};
+    constexpr long long rounds = 50000;
+    std::thread writer([&] {
+        for (long long round = 1; round <= rounds; ++round) variable.StoreInteger(round);
+    });
+    const auto read = [&] {
+        long long last = 0;
+        while (last < rounds) {
+            const COtxValue value = variable.Value();
+            const long long number = value.Int();
+            long long later = 0;
+            if (!variable.ReadInteger(later) || number < last || later < number || value.Int() != number) wrong = true;
+            last = later;
+        }
+    };
+    std::thread readers[] = {std::thread(read), std::thread(read)};
+    writer.join();
     for (auto& thread : readers) thread.join();
     EXPECT_FALSE(wrong);
 }
