@@ -21,19 +21,19 @@ public:
     };
 
     // Keeps the entry that is there.
-    void insert(const Name& name, T value) {
+    void insert(const Name& name, T&& value) {
         if (entry(name) == nullptr) add(name, std::move(value));
     }
-    void insert(Name&& name, T value) = delete;
+    void insert(Name&& name, T&& value) = delete;
 
     // Replaces the entry that is there.
-    void assign(const Name& name, T value) {
+    void assign(const Name& name, T&& value) {
         if (Entry* const found = entry(name))
             found->value = std::move(value);
         else
             add(name, std::move(value));
     }
-    void assign(Name&& name, T value) = delete;
+    void assign(Name&& name, T&& value) = delete;
 
     // The value under that name, else null.
     const T* find(const Name& name) const {

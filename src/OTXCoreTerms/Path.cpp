@@ -1,6 +1,7 @@
 // The way into lists, maps and parameter containers.
 #include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/IntegerTerms.h>
 #include <SmallVector.h>
 #include <otx/diag/IParameterContainer.h>
 #include <otx/value/COtxException.h>
@@ -20,9 +21,10 @@ namespace {
 
 using Steps = SmallVector<COtxValue, 4>;
 
+enum Kind : std::size_t { byName = 1, byIndex = 2 };
+
 // In document order, whatever the kinds.
 void evaluateSteps(const Path& path, OtxContext& context, Steps& steps) {
-    enum Kind : std::size_t { byName = 1, byIndex = 2 };
     for (const auto& record : path.order()) {
         if (record.id == byName)
             steps.push_back(evaluate(path.stepByName()[record.index], context));
@@ -70,6 +72,24 @@ COtxValue* slotOf(const COtxValue& value, const COtxValue& step, const Steps& st
     return nullptr;
 }
 
+// The item of a list, the most frequent case, read without making a value of the index. False for all else, and then
+// without an effect: the whole way follows, with its failures.
+bool readItem(const Path& path, OtxContext& context, const Name& variable, COtxValue& item) {
+    long long index = 0;
+    if (path.order().size() != 1 || path.order()[0].id != byIndex ||
+        !readInteger(path.stepByIndex()[0], context, index))
+        return false;
+    const COtxValue list = context.Variables().Get(variable);
+    if (list.Type() != OTX::ValueType::List) return false;
+    const std::vector<COtxValue>& items = list.List();
+    return lookInto(context, [&] {
+        const auto place = static_cast<unsigned long long>(index);
+        if (place >= items.size()) return false;
+        item = items[place];
+        return true;
+    });
+}
+
 }  // namespace
 
 // Never makes a key or extends a list. Without a step the value is lost; this is meant.
@@ -92,9 +112,11 @@ void Path_impl<Path_base>::write(OtxContext& context, const Name& variable, cons
 
 template <>
 COtxValue Path_impl<Path_base>::read(OtxContext& context, const Name& variable) const {
+    COtxValue current;
+    if (readItem(*this, context, variable, current)) return current;
     Steps steps;
     evaluateSteps(*this, context, steps);
-    COtxValue current = context.Variables().Get(variable);
+    current = context.Variables().Get(variable);
     for (const COtxValue& step : steps) {
         COtxValue next;
         const auto enter = [&] {

@@ -110,13 +110,15 @@ OtxVarMap& OtxVars::Scope(bool global) {
 // A cell of an ended call, else a new one.
 template <class Store, class Make>
 void OtxVars::declare(const Name& name, Store store, Make make) {
-    OtxVarMap& frame = Scope(false);
-    std::shared_ptr<OtxVariable> cell = required().stock().take();
+    ThreadStack& stack = required();
+    OtxVarMap* const frame = stack.top();
+    if (frame == nullptr) raiseInvalidStack();
+    std::shared_ptr<OtxVariable> cell = stack.stock().take();
     if (cell != nullptr) [[likely]]
         store(*cell);
     else
         cell = makeCell<OtxVariable>(make());
-    frame.Add(name, std::move(cell));
+    frame->Add(name, std::move(cell));
 }
 
 void OtxVars::Declare(const Name& name, COtxValue&& value) {

@@ -77,7 +77,7 @@ COtxValue Sequencer_impl::OtxMain(const std::string& procedure, const COtxValue&
     if (entry == nullptr) throw velkotx::OTXRuntimeException("procedure " + procedure + " not found", "");
     std::deque<Name> names;
     ArgumentMap<COtxValue> in;
-    for (const auto& [name, value] : OTX::ValMap(arguments)) in.insert(names.emplace_back(name), value);
+    for (const auto& [name, value] : OTX::ValMap(arguments)) in.insert(names.emplace_back(name), COtxValue(value));
     Cells inout;
     Cells out;
     COtxValue result;

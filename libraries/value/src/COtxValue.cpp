@@ -5,7 +5,6 @@
 #include <otx/value/IString.h>
 #include <otx/value/Json.h>
 
-#include <atomic>
 #include <ostream>
 
 #include "ContainerBehaviour.h"
@@ -41,30 +40,10 @@ public:
 
 }  // namespace otx
 
-namespace {
-
-#if defined(__SANITIZE_THREAD__)
-constexpr bool watchedForRaces = true;
-#elif defined(__has_feature)
-constexpr bool watchedForRaces = __has_feature(thread_sanitizer);
-#else
-constexpr bool watchedForRaces = false;
-#endif
-
-}  // namespace
-
 using Native = COtxValueBehaviour::Native;
 
 COtxValueBehaviour& COtxValue::answering() const noexcept {
     return behaviour_ != nullptr ? *behaviour_ : otx::EmptyBehaviour::instance();
-}
-
-// The fence orders what other threads read through handles that they have given up before the change. The thread sanitizer
-// doesn't know fences: with it, no Integer counts as the only one.
-bool COtxValue::isSoleInteger() const noexcept {
-    if (watchedForRaces || !isNative(Native::Integer) || behaviour_.use_count() != 1) return false;
-    std::atomic_thread_fence(std::memory_order_acquire);
-    return !behaviour_->OtxJSON() && static_cast<const otx::IntegerBehaviour&>(*behaviour_).Radix() == COtxInt::Decimal;
 }
 
 std::string COtxValue::stringType() const { return OTX::typeName(Type()); }

@@ -2,6 +2,7 @@
 #include <otx/value/OtxVariable.h>
 
 #include <otx/event/IEventSource.h>
+#include <otx/value/COtxInt.h>
 
 #include <sched.h>
 #include <sys/single_threaded.h>
@@ -15,6 +16,26 @@
 #include "NumberValues.h"
 #include "TextValues.h"
 #include "event/EventSource.h"
+
+namespace {
+
+#if defined(__SANITIZE_THREAD__)
+constexpr bool watchedForRaces = true;
+#elif defined(__has_feature)
+constexpr bool watchedForRaces = __has_feature(thread_sanitizer);
+#else
+constexpr bool watchedForRaces = false;
+#endif
+
+}  // namespace
+
+// In this file since every write of an integer asks it. The fence orders what other threads read through handles that they
+// have given up before the change. The thread sanitizer doesn't know fences: with it, no Integer counts as the only one.
+bool COtxValue::isSoleInteger() const noexcept {
+    if (watchedForRaces || !isNative(COtxValueBehaviour::Native::Integer) || behaviour_.use_count() != 1) return false;
+    std::atomic_thread_fence(std::memory_order_acquire);
+    return !behaviour_->OtxJSON() && static_cast<const COtxIntBehaviour&>(*behaviour_).Radix() == COtxInt::Decimal;
+}
 
 // The attached sources, replaced as a whole, so that a delivery can walk them without the lock.
 struct OtxVariable::Sources {
