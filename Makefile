@@ -69,7 +69,7 @@ STRESS_FACTOR ?= 20
 stress: build-release
 	@VELKOTX_STRESS=$(STRESS_FACTOR) build/release/bin/stress_tests
 
-# Each target of the fuzzer for FUZZ_SECONDS.
+# Each target of the fuzzer for FUZZ_SECONDS of processor time.
 FUZZ_SECONDS ?= 60
 fuzz: EXTRA_PACKAGES = clang
 fuzz: build-fuzz

@@ -102,7 +102,8 @@ TEST_F(Trace, TellsOfACommandAheadOfItsRefusal) {
     EXPECT_THROW(sequencer->Control("Status", COtxValue()), std::runtime_error);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].substr(0, 4), "3/2 ");
-    EXPECT_NE(lines[0].find("VelkOTXe/Control.cpp:"), std::string::npos) << "files are named by the folder of their subsystem";
+    // Files are named by the folder of their subsystem.
+    EXPECT_NE(lines[0].find(":VelkOTXe/Control.cpp:"), std::string::npos);
     EXPECT_EQ(messageOf(lines[0], "otxns::Sequencer_impl::Control"), "Control: status");
     EXPECT_EQ(messageOf(lines[1], "otxns::Sequencer_impl::Control"), "Control: Status");
     lines.clear();
