@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <system_error>
 
 namespace velkotx::host {
@@ -32,6 +33,19 @@ std::string reason(sqlite3* connection, int code) {
         case SQLITE_CORRUPT: return "the file is damaged";
         default: return connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
     }
+}
+
+// SQLite waits for others by itself, save with a lock in hand: while several at once change a new file to WAL.
+int stepPatiently(sqlite3_stmt* statement) {
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::milliseconds(waitInMilliseconds);
+    int code = sqlite3_step(statement);
+    while ((code & 0xFF) == SQLITE_BUSY && Clock::now() < end) {
+        sqlite3_reset(statement);
+        sqlite3_sleep(1);
+        code = sqlite3_step(statement);
+    }
+    return code;
 }
 
 void check(int code, const Database& database) {
@@ -94,7 +108,7 @@ void Statement::bind(int parameter, std::int64_t number) {
 }
 
 bool Statement::step() {
-    const int code = sqlite3_step(statement_.get());
+    const int code = stepPatiently(statement_.get());
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         database_.fail(code);
     return code == SQLITE_ROW;

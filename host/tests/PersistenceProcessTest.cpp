@@ -1,12 +1,16 @@
 // One file in the hands of several threads, stores and processes, and processes that are killed.
 #include "PersistenceFolder.h"
 
+#include "persistence/Database.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <functional>
+#include <future>
 #include <memory>
 #include <string_view>
 #include <thread>
@@ -130,6 +134,16 @@ TEST_F(PersistenceStores, ThatAreUsedByManyThreadsKeepEveryValue) {
         thread.join();
     for (int thread = 0; thread < threads; ++thread)
         EXPECT_EQ(numberOf(loaded(one, "own" + std::to_string(thread))), saves - 1);
+}
+
+TEST_F(PersistenceStores, ThatComeToANewFileWhileAnotherWritesItWait) {
+    Database other(file);
+    other.execute("BEGIN IMMEDIATE");
+    auto opening = std::async(std::launch::async, [&] { SqlitePersistence(file).Save("x", COtxInt(1)); });
+    // A store that doesn't wait fails at once.
+    EXPECT_EQ(opening.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+    other.execute("ROLLBACK");
+    EXPECT_NO_THROW(opening.get());
 }
 
 // The forking tests come in processes of their own, without threads.
