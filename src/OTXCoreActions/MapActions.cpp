@@ -46,9 +46,8 @@ void MapRemoveItems_impl<MapRemoveItems_base>::exec(OtxContext& context) const {
         Entries& entries = target.Map();
         const Entries::node_type dropped = lookInto(context, [&] { return entries.extract(removed); });
         if (dropped) continue;
-        const std::string text = removed.ToString().String();
         throw COtxException(OTX::Exceptions_e::OutOfBoundsException,
-                            "Map " + map().name() + " does not contain key " + text);
+                            "Map " + map().name() + " does not contain key " + textOf(removed, context));
     }
 }
 

@@ -37,7 +37,7 @@ IntegerOperand optionalInteger(const Optional& operand) {
     return {operand.present() ? &operand.get() : nullptr};
 }
 
-inline COtxValue operandValue(const Term& term, OtxContext& context) { return evaluate(term, context); }
+inline COtxValue operandValue(const Term& term, OtxContext& context) { return settled(evaluate(term, context), context); }
 inline std::int64_t operandValue(const IntegerOperand& operand, OtxContext& context) {
     return operand.term != nullptr ? evaluate(*operand.term, context).Int() : -1;
 }

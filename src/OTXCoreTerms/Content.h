@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OTXContext/OtxContext.h>
+#include <otx/value/Functions.h>
 
 #include <mutex>
 #include <ostream>
@@ -15,15 +16,30 @@ auto lookInto(OtxContext& context, Look look) {
     return look();
 }
 
+// An event shows the bytes that it tells of.
 inline bool holdsContent(const COtxValue& value) {
     const OTX::ValueType type = value.Type();
-    return type == OTX::ValueType::List || type == OTX::ValueType::Map || type == OTX::ValueType::ByteField;
+    return type == OTX::ValueType::List || type == OTX::ValueType::Map || type == OTX::ValueType::ByteField ||
+           type == OTX::ValueType::Event;
 }
 
 // The same for a value of any type: only containers have a content that changes.
 template <class Look>
 auto lookAt(const COtxValue& value, OtxContext& context, Look look) {
     return holdsContent(value) ? lookInto(context, look) : look();
+}
+
+inline COtxValue converted(const COtxValue& value, OtxContext& context, COtxValue (COtxValue::*conversion)() const) {
+    return lookAt(value, context, [&] { return (value.*conversion)(); });
+}
+
+inline std::string textOf(const COtxValue& value, OtxContext& context) {
+    return converted(value, context, &COtxValue::ToString).String();
+}
+
+// What others may look at while another flow changes the container.
+inline COtxValue settled(const COtxValue& live, OtxContext& context) {
+    return holdsContent(live) ? lookInto(context, [&] { return OTX::DeepCopy(live); }) : live;
 }
 
 // A value in a line of the trace, with its content.

@@ -7,8 +7,7 @@ namespace otxns {
 namespace {
 
 COtxValue convert(const Term& term, OtxContext& context, COtxValue (COtxValue::*conversion)() const) {
-    const COtxValue value = evaluate(term, context);
-    return lookAt(value, context, [&] { return (value.*conversion)(); });
+    return converted(evaluate(term, context), context, conversion);
 }
 
 }  // namespace

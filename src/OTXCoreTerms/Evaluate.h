@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OTXContext/OtxContext.h>
+#include <OTXCoreTerms/Content.h>
 #include <StackGuard.h>
 #include <otx/value/COtxValue.h>
 
@@ -24,7 +25,7 @@ COtxValue evaluateOr(const Optional& term, COtxValue fallback, OtxContext& conte
 // The number that the term's value converts to.
 inline long long evaluateInteger(const Term& term, OtxContext& context) {
     const COtxValue value = evaluate(term, context);
-    return value.Type() == OTX::ValueType::Integer ? value.Int() : value.ToInteger().Int();
+    return value.Type() == OTX::ValueType::Integer ? value.Int() : converted(value, context, &COtxValue::ToInteger).Int();
 }
 
 // The same for an index, count or position that is used as a 32-bit number: cut to its low 32 bits.

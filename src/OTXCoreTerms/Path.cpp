@@ -131,7 +131,7 @@ COtxValue Path_impl<Path_base>::read(OtxContext& context, const Name& variable) 
         if (current.IsContainer())
             next = current.Container().GetParameterByStep(step);
         else
-            raiseNoContainer(current, "list, map or parameter container");
+            lookAt(current, context, [&] { raiseNoContainer(current, "list, map or parameter container"); });
         current = std::move(next);
     }
     return current;
@@ -141,7 +141,7 @@ template <>
 COtxValue Path_impl<Path_base>::steps(OtxContext& context) const {
     Steps values;
     evaluateSteps(*this, context, values);
-    return asList(values);
+    return settled(asList(values), context);
 }
 
 }  // namespace otxns

@@ -70,10 +70,9 @@ COtxValue GetEnumerationByName_impl<GetEnumerationByName_base>::eval(otxns::OtxC
     const Entries& entries = entriesOf(type);
     const auto found = findName(entries, name, context);
     if (found != entries.end()) return itemOf(enumeration(), *found);
-    const COtxValue text = otxns::lookAt(name, context, [&] { return name.ToString(); });
     // No blank ahead of "does", unlike the text of the other terms; this is meant.
     throw COtxException(OTX::Exceptions_e::OutOfBoundsException,
-                        "Enumeration " + enumeration() + "does not contain value " + std::string(text.String()));
+                        "Enumeration " + enumeration() + "does not contain value " + otxns::textOf(name, context));
 }
 
 template <>

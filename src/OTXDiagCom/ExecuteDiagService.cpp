@@ -22,7 +22,7 @@ void setParameters(const RequestParameters& parameters, const COtxValue& service
         const COtxValue parameter = request.Container().GetParameterByPath(entry.path().steps(context));
         if (parameter.Type() != OTX::ValueType::Parameter)
             throw COtxException(OTX::Exceptions_e::UnknownTargetException, parameter.ToString().String());
-        const COtxValue value = otxns::evaluate(entry.value(), context);
+        const COtxValue value = otxns::settled(otxns::evaluate(entry.value(), context), context);
         parameter.Parameter().SetParameterValue(value);
     }
 }

@@ -16,7 +16,7 @@ template <>
 void SetComParameter_impl<SetComParameter_base>::exec(otxns::OtxContext& context) const {
     const COtxValue channel = otxns::evaluate(comChannel(), context);
     const COtxValue parameter = otxns::evaluate(name(), context);
-    const COtxValue wanted = otxns::evaluate(value(), context);
+    const COtxValue wanted = otxns::settled(otxns::evaluate(value(), context), context);
     OTX::IComChannel& target = channel.ComChannel();
     try {
         target.SetComParameter(parameter, wanted);

@@ -28,7 +28,7 @@ COtxValue GetParameterByPath_impl<GetParameterByPath_base>::eval(otxns::OtxConte
 template <>
 COtxValue GetParameterBySemantic_impl<GetParameterBySemantic_base>::eval(otxns::OtxContext& context) const {
     const COtxValue container = otxns::evaluate(parameterContainer(), context);
-    const COtxValue wanted = otxns::evaluate(semantic(), context);
+    const COtxValue wanted = otxns::settled(otxns::evaluate(semantic(), context), context);
     OTX_TRACE(4, "Container: " << container << " Semantic: " << wanted);
     return container.Container().GetParameterBySemantic(wanted);
 }

@@ -47,7 +47,7 @@ void WaitForEvent_impl<WaitForEvent_base>::exec(otxns::OtxContext& context) cons
     if (!otxns::waitFor(waitedFor, received, context))
         throw COtxException(OTX::Exceptions_e::InvalidReferenceException, closed);
     if (event().present()) event()->write(context, received);
-    OTX_TRACE(4, "Got: " << received);
+    OTX_TRACE(4, "Got: " << otxns::Shown(received, context));
 }
 
 }  // namespace Event

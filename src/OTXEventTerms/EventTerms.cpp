@@ -51,7 +51,7 @@ COtxValue GetNewValue_impl<GetNewValue_base>::eval(otxns::OtxContext& context) c
     const OTX::IEvent& received = value.Event();
     if (tellsOfVariable(received)) return received.Value();
     throw COtxException(OTX::Exceptions_e::TypeMismatchException,
-                        "Unexpected event type " + static_cast<std::string>(value.ToString().String()));
+                        "Unexpected event type " + otxns::textOf(value, context));
 }
 
 }  // namespace Event

@@ -27,7 +27,7 @@ template <class Arguments>
 Values valuesOf(const Arguments& arguments, otxns::OtxContext& context) {
     Values values;
     for (const ExternalInArgument& argument : arguments)
-        values.insert_or_assign(argument.parameter(), otxns::evaluate(argument.term(), context));
+        values.insert_or_assign(argument.parameter(), otxns::settled(otxns::evaluate(argument.term(), context), context));
     return values;
 }
 

@@ -46,7 +46,7 @@ template <>
 COtxValue OpenFileForRead_impl<OpenFileForRead_base>::eval(otxns::OtxContext& context) const {
     auto number = COtxStringEncoding::Utf8;
     if (encoding().present()) {
-        const COtxValue literal = otxns::evaluate(encoding().get(), context).ToString();
+        const COtxValue literal = otxns::converted(otxns::evaluate(encoding().get(), context), context, &COtxValue::ToString);
         number = static_cast<COtxStringEncoding::Encoding>(COtxStringEncoding(literal.String()).Int());
     }
     const COtxValue name = otxns::evaluate(path(), context);

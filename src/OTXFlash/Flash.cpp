@@ -30,7 +30,7 @@ template <>
 COtxValue GetCompressionEncryption_impl<GetCompressionEncryption_base>::eval(otxns::OtxContext& context) const {
     const COtxValue flashSession = otxns::evaluate(session(), context);
     OTX::IFlashSession& asked = flashSession.FlashSession();
-    return asked.GetCompressionEncryption(otxns::evaluate(block(), context).ToInteger().Int(), -1);
+    return asked.GetCompressionEncryption(otxns::evaluateInteger(block(), context), -1);
 }
 
 // The security is evaluated ahead of the block.

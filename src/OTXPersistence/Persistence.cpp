@@ -3,22 +3,11 @@
 #include <otx/host/PersistenceHost.h>
 #include <otx/value/COtxBool.h>
 #include <otx/value/COtxException.h>
-#include <otx/value/Functions.h>
 #include <schema/Persistence.h>
 
 #include <exception>
 
 namespace Persistence {
-
-namespace {
-
-// What the store may look at while another lane changes the container.
-COtxValue settled(const COtxValue& live, otxns::OtxContext& context) {
-    if (!otxns::holdsContent(live)) return live;
-    return otxns::lookInto(context, [&] { return OTX::DeepCopy(live); });
-}
-
-}  // namespace
 
 // The key is the name alone: variables of one name share a value, whatever their procedure. A path is no part of it.
 template <>
@@ -34,7 +23,7 @@ template <>
 void Save_impl<Save_base>::exec(otxns::OtxContext& context) const {
     try {
         const COtxValue current = value().read(context);
-        context.Persistence().Save(value().name(), settled(current, context));
+        context.Persistence().Save(value().name(), otxns::settled(current, context));
     } catch (const std::exception&) {
         throw COtxException(OTX::Exceptions_e::PersistenceSaveException, "Failed to save persistence value");
     }

@@ -19,11 +19,11 @@ constexpr int standardPrecision = 16;
 template <>
 COtxValue CreateQuantity_impl<CreateQuantity_base>::eval(otxns::OtxContext& context) const {
     OTX_TRACE(4, "");
-    const COtxValue number = otxns::evaluate(numeral(), context);
+    const COtxValue number = otxns::settled(otxns::evaluate(numeral(), context), context);
     const COtxValue unit = otxns::evaluate(displayUnit(), context);
     if (displayPrecision().present()) {
-        const COtxValue precision = otxns::evaluate(displayPrecision().get(), context).ToInteger();
-        return COtxQuantity(number, unit, static_cast<int>(precision.Int()));
+        const long long precision = otxns::evaluateInteger(displayPrecision().get(), context);
+        return COtxQuantity(number, unit, static_cast<int>(precision));
     }
     const COtxValue quantity = number.ToQuantity();
     return COtxQuantity(quantity, unit, quantity.Quantity().GetPrecision());
@@ -33,7 +33,7 @@ COtxValue CreateQuantity_impl<CreateQuantity_base>::eval(otxns::OtxContext& cont
 template <>
 COtxValue QuantityLiteral_impl<QuantityLiteral_base>::eval(otxns::OtxContext& context) const {
     OTX_TRACE(4, "");
-    const COtxValue number = otxns::evaluate(numeral(), context);
+    const COtxValue number = otxns::settled(otxns::evaluate(numeral(), context), context);
     const COtxValue unit = otxns::evaluate(displayUnit(), context);
     int precision = standardPrecision;
     if (displayPrecision().present())

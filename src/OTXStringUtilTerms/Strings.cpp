@@ -16,8 +16,9 @@ namespace StringUtil {
 
 namespace {
 
-COtxValue toInteger(COtxValue value) {
-    return value.Type() == OTX::ValueType::Integer ? value : value.ToInteger();
+COtxValue evaluateToInteger(const otxns::Term& term, otxns::OtxContext& context) {
+    COtxValue value = otxns::evaluate(term, context);
+    return value.Type() == OTX::ValueType::Integer ? value : otxns::converted(value, context, &COtxValue::ToInteger);
 }
 
 // Throws OutOfBoundsException. A bad count is told as the index too; this is meant.
@@ -66,8 +67,8 @@ OTX_TERM(MatchToRegularExpression,
 template <>
 COtxValue SubString_impl<SubString_base>::eval(otxns::OtxContext& context) const {
     const COtxValue text = otxns::evaluate(string(), context);
-    const COtxValue first = toInteger(otxns::evaluate(index(), context));
-    const COtxValue number = toInteger(otxns::evaluate(count(), context));
+    const COtxValue first = evaluateToInteger(index(), context);
+    const COtxValue number = evaluateToInteger(count(), context);
     requirePlace(text.String(), "SubString", first.Int(), number.Int());
     return text.String().SubString(first, number);
 }
@@ -76,7 +77,7 @@ template <>
 COtxValue ReplaceSubString_impl<ReplaceSubString_base>::eval(otxns::OtxContext& context) const {
     const COtxValue text = otxns::evaluate(string(), context);
     const COtxValue written = otxns::evaluate(replacement(), context);
-    const COtxValue first = toInteger(otxns::evaluate(index(), context));
+    const COtxValue first = evaluateToInteger(index(), context);
     requirePlace(text.String(), "ReplaceSubString", first.Int());
     return text.String().Replace(written, first);
 }

@@ -22,7 +22,7 @@ COtxValue Translate_impl<Translate_base>::eval(otxns::OtxContext& context) const
     std::size_t index = 0;
     for (const otxns::Term& term : arguments()->arg()) {
         const COtxValue argument = otxns::evaluate(term, context);
-        const COtxValue text = otxns::lookAt(argument, context, [&] { return argument.ToString(); });
+        const COtxValue text = otxns::converted(argument, context, &COtxValue::ToString);
         const OTX::IString& current = result.String();
         result = COtxString(replacePlaceholder(current, index, text.String()));
         ++index;

@@ -4,7 +4,6 @@
 #include <otx/value/OtxVariable.h>
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -18,8 +17,6 @@ public:
     // again.
     void give(std::shared_ptr<OtxVariable> cell) noexcept {
         if (cell.use_count() != 1 || size_ == cells_.size()) return;
-        // Orders what other threads did with the cell before they let go of it.
-        std::atomic_thread_fence(std::memory_order_acquire);
         if (cell->Retire() && size_ < cells_.size()) cells_[size_++] = std::move(cell);
     }
 

@@ -17,7 +17,7 @@ namespace OTX {
 class OTX_API IServiceProvider {
 public:
     // Starts a service and gives its handle, a value of type ServiceProviderService. The provider writes the in-out and
-    // out arguments itself.
+    // out arguments itself, and keeps their pointers as long as it wants to.
     virtual COtxValue Execute(const std::string& service, const std::map<std::string, COtxValue>& inArguments,
                               const std::map<std::string, std::shared_ptr<OtxVariable>>& inoutArguments,
                               const std::map<std::string, std::shared_ptr<OtxVariable>>& outArguments) = 0;

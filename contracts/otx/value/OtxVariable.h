@@ -8,8 +8,10 @@
 #include <memory>
 #include <string>
 
-// Holds one value; shared by pointer between the scopes that see the variable. Value, Set, Store and AddEventSource may be
-// called from any threads at once. No lock is held while an event is delivered or an old value is destroyed.
+// Holds one value; shared by pointer between the scopes that see the variable, and by who keeps one of those pointers. With a
+// weak pointer alone one may find another variable of the document in its place. Value, Set, Store, StoreInteger, ReadInteger,
+// ReadSoleInteger and AddEventSource may be called from any threads at once. No lock is held while an event is delivered or an
+// old value is destroyed.
 class OTX_API OtxVariable {
 public:
     explicit OtxVariable(const COtxValue& value) : value_(value) {}

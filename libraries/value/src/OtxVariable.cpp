@@ -30,10 +30,13 @@ constexpr bool watchedForRaces = false;
 }  // namespace
 
 // In this file since every write of an integer asks it. The fence orders what other threads read through handles that they
-// have given up before the change. The thread sanitizer doesn't know fences: with it, no Integer counts as the only one.
+// have given up before the change. The thread sanitizer doesn't know fences, but the counting of handles.
 bool COtxValue::isSoleInteger() const noexcept {
-    if (watchedForRaces || !isNative(COtxValueBehaviour::Native::Integer) || behaviour_.use_count() != 1) return false;
-    std::atomic_thread_fence(std::memory_order_acquire);
+    if (!isNative(COtxValueBehaviour::Native::Integer) || behaviour_.use_count() != 1) return false;
+    if constexpr (watchedForRaces)
+        static_cast<void>(std::shared_ptr<COtxValueBehaviour>(behaviour_));
+    else
+        std::atomic_thread_fence(std::memory_order_acquire);
     return !behaviour_->OtxJSON() && static_cast<const COtxIntBehaviour&>(*behaviour_).Radix() == COtxInt::Decimal;
 }
 
@@ -155,8 +158,12 @@ bool OtxVariable::ReadSoleInteger(long long& number) const {
 }
 
 bool OtxVariable::Retire() noexcept {
-    if (!isPlain() || sources_ != nullptr) return false;
-    if (!value_.isSoleInteger()) value_ = COtxValue();
+    if (!isPlain()) return false;
+    // Dies after the lock is released.
+    COtxValue gone;
+    const Guard guard(*this);
+    if (sources_ != nullptr) return false;
+    if (!value_.isSoleInteger()) value_.exchange(gone);
     return true;
 }
 

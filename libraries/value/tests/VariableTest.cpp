@@ -8,15 +8,6 @@
 
 namespace {
 
-// Where no Integer is changed in place.
-#if defined(__SANITIZE_THREAD__)
-constexpr bool isWatchedForRaces = true;
-#elif defined(__has_feature)
-constexpr bool isWatchedForRaces = __has_feature(thread_sanitizer);
-#else
-constexpr bool isWatchedForRaces = false;
-#endif
-
 class ReadOnlyVariable : public OtxVariable {
 public:
     using OtxVariable::OtxVariable;
@@ -90,7 +81,7 @@ TEST(Variable, CountingChangesNoValueThatAnyoneHolds) {
     const auto* const behaviour = variable.Get().GetBehaviourReference().get();
     variable.StoreInteger(5);
     EXPECT_EQ(variable.Value().Int(), 5);
-    EXPECT_EQ(variable.Get().GetBehaviourReference().get() == behaviour, !isWatchedForRaces);
+    EXPECT_EQ(variable.Get().GetBehaviourReference().get(), behaviour);
 }
 
 TEST(Variable, AStoredIntegerIsLikeANewOne) {
@@ -123,7 +114,7 @@ TEST(Variable, ReadsIntegersOnly) {
     OtxVariable variable{COtxInt(7)};
     EXPECT_TRUE(variable.ReadInteger(number));
     EXPECT_EQ(number, 7);
-    EXPECT_EQ(variable.ReadSoleInteger(number), !isWatchedForRaces);
+    EXPECT_TRUE(variable.ReadSoleInteger(number));
     const COtxValue held = variable.Value();
     EXPECT_TRUE(variable.ReadInteger(number));
     EXPECT_FALSE(variable.ReadSoleInteger(number));
@@ -230,7 +221,15 @@ TEST(Variable, AReadValueStaysWhileAnotherThreadCounts) {
             last = later;
         }
     };
-    std::thread readers[] = {std::thread(read), std::thread(read)};
+    // Nothing but the handle itself orders these reads ahead of a change in place.
+    const auto readAndLetGo = [&] {
+        for (long long last = 0; last < rounds;) {
+            const long long number = variable.Value().Int();
+            if (number < last) wrong = true;
+            last = number;
+        }
+    };
+    std::thread readers[] = {std::thread(read), std::thread(readAndLetGo)};
     writer.join();
     for (auto& thread : readers) thread.join();
     EXPECT_FALSE(wrong);
