@@ -60,7 +60,8 @@ TEST(Values, AnArgumentThatIsNoJsonStandsForItself) {
 }
 
 TEST(Values, AnArgumentThatBeginsAsJsonIsWarnedOf) {
-    EXPECT_EQ(warningAbout("name=[1,2"), "velkotx: --arg: 'name=[1,2' begins as JSON but isn't any, and is taken as a String\n");
+    EXPECT_EQ(warningAbout("name=[1,2"),
+              "velkotx: --arg: 'name=[1,2' begins as JSON but isn't any, and is taken as a String\n");
     EXPECT_NE(warningAbout("name= {a}"), "");
     EXPECT_EQ(warningAbout("name=[1,2]"), "");
     EXPECT_EQ(warningAbout("name=\"[1,2\""), "");
