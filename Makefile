@@ -27,7 +27,9 @@ PREFIX ?= /usr/local
 install: build-release
 	@cmake --install build/release --prefix $(PREFIX)
 
-# Every suite in the release build and under the address and undefined behaviour sanitizers.
+# Every suite in the release build and under the address and undefined behaviour sanitizers. The extra packages try the
+# completions and the manual page.
+test test-release: EXTRA_PACKAGES = zsh fish man-db
 test: build-release build-asan
 	@ctest --test-dir build/asan -j $(JOBS) --output-on-failure
 	@ctest --test-dir build/release -j $(JOBS) --output-on-failure

@@ -12,7 +12,7 @@ packages=(
     zlib1g-dev
     libgtest-dev libudunits2-dev
 )
-# For `make bench` and `make fuzz` only.
+# For `make bench`, `make fuzz` and the tests only.
 for extra in "$@"; do packages+=("$extra"); done
 
 missing=()

@@ -2,6 +2,7 @@
 #include "program/Load.h"
 
 #include "program/Inputs.h"
+#include "program/NearlyXml.h"
 #include "program/UsageError.h"
 
 #include <velkotx/DocumentException.h>
@@ -20,7 +21,10 @@ Outcome unloadable(const char* reason) {
 }
 
 Outcome unloadable(const DocumentException& error) {
-    return {Outcome::Kind::unloadable, COtxValue(), error.what(), {}, error.line(), error.column(), error.suggestion()};
+    Outcome outcome{Outcome::Kind::unloadable, COtxValue(), error.what(), {}, error.line(), error.column()};
+    if (*error.suggestion() != '\0')
+        outcome.hint = std::string("did you mean '") + error.suggestion() + "'?";
+    return outcome;
 }
 
 template <class Open>
@@ -43,7 +47,15 @@ Loaded attempt(const Open& open) {
 }  // namespace
 
 Loaded load(Inputs& inputs, const std::string& document) {
-    return attempt([&] { return CreateSequencer(*inputs.open(document)); });
+    std::unique_ptr<std::istream> stream;
+    Loaded loaded = attempt([&] {
+        stream = inputs.open(document);
+        return CreateSequencer(*stream);
+    });
+    auto* const outcome = std::get_if<Outcome>(&loaded);
+    if (outcome != nullptr && stream != nullptr && isNearlyXml(*stream))
+        outcome->hint = "a document as XML begins with <?xml and a blank, without a byte order mark and not in UTF-16";
+    return loaded;
 }
 
 Loaded load(std::istream& document) {

@@ -20,10 +20,10 @@ struct Outcome {
     std::string what;  // all others: the failure's name or words
     std::string text;  // exception and failed: what else it says, may be empty
 
-    // unloadable: where in the document, from 1, 0 where nobody knows; the name that was perhaps meant, may be empty
+    // unloadable: where in the document, from 1, 0 where nobody knows; what may help a person, may be empty
     std::size_t line = 0;
     std::size_t column = 0;
-    std::string suggestion{};
+    std::string hint{};
 };
 
 // "finished", "exception", "failed", "cancelled", "unloadable".

@@ -50,8 +50,8 @@ void printFailure(const Outcome& outcome, const std::string& document, std::ostr
     PlacedMessage placed = loading ? takePlace(inWords(outcome)) : PlacedMessage{"", inWords(outcome)};
     if (outcome.line != 0)
         placed.place = ':' + std::to_string(outcome.line) + ':' + std::to_string(outcome.column);
-    if (!outcome.suggestion.empty())
-        placed.message += " (did you mean '" + outcome.suggestion + "'?)";
+    if (!outcome.hint.empty())
+        placed.message += " (" + outcome.hint + ')';
     err << oneLine(displayName(document)) << placed.place << ": " << paint.failure(oneLine(placed.message)) << '\n';
 }
 

@@ -10,11 +10,11 @@
 
 namespace velkotx::host {
 
-SetUp::SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut)
-    : arguments_(readArguments(inputs, options.argumentsFile, options.arguments)),
+SetUp::SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& err)
+    : arguments_(readArguments(inputs, options.argumentsFile, options.arguments, err)),
       context_(readObject(inputs, options.contextFile)),
       translations_(readObject(inputs, options.translationsFile)),
-      vehicle_(inputs, options, traceOut),
+      vehicle_(inputs, options, err),
       persistence_(options),
       store_(options),
       messages_(options.messagesFile) {

@@ -20,9 +20,9 @@ struct SetUpOptions;
 class SetUp {
 public:
     // Reads the files in the order arguments, context, translations, vehicle, opens that of the persisted values, the folder of
-    // files and the file of the messages, and names the folder of plug-ins to the process. PDUs are traced to the stream, which
-    // has to outlive all runs. Throws UsageError.
-    SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& traceOut);
+    // files and the file of the messages, and names the folder of plug-ins to the process. Warnings and the trace of PDUs
+    // go to the stream, which has to outlive all runs. Throws UsageError.
+    SetUp(Inputs& inputs, const SetUpOptions& options, std::ostream& err);
 
     // A copy for one run: a sequence may change what it is given.
     COtxValue arguments() const;

@@ -3,6 +3,7 @@
 
 #include "program/Inputs.h"
 #include "program/UsageError.h"
+#include "text/OneLine.h"
 #include "text/ValueText.h"
 
 #include <otx/value/COtxMap.h>
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <ostream>
 
 namespace velkotx::host {
 
@@ -44,19 +46,31 @@ NamedValues namedValues(Inputs& inputs, const std::string& file) {
     }
 }
 
+// A list or an object with a mistake is a text as any other, and mostly not meant to be.
+void warnOfBrokenJson(const std::string& argument, const std::string& text, const COtxValue& value, std::ostream& err) {
+    const std::size_t begin = text.find_first_not_of(" \t\r\n");
+    const bool isOpened = begin != std::string::npos && (text[begin] == '[' || text[begin] == '{');
+    if (isOpened && value.Type() == OTX::ValueType::String && value.String() == text)
+        err << "velkotx: --arg: '" << oneLine(argument) << "' begins as JSON but isn't any, and is taken as a String\n";
+}
+
 }  // namespace
 
 COtxValue readObject(Inputs& inputs, const std::string& file) {
     return COtxMap(namedValues(inputs, file));
 }
 
-COtxValue readArguments(Inputs& inputs, const std::string& file, const std::vector<std::string>& commandLine) {
+COtxValue readArguments(Inputs& inputs, const std::string& file, const std::vector<std::string>& commandLine,
+                        std::ostream& err) {
     NamedValues arguments = namedValues(inputs, file);
     for (const std::string& argument : commandLine) {
         const std::size_t sign = argument.find('=');
         if (sign == std::string::npos || sign == 0)
             throw UsageError("--arg: '" + argument + "' isn't NAME=VALUE");
-        arguments.insert_or_assign(argument.substr(0, sign), valueOf(argument.substr(sign + 1)));
+        const std::string text = argument.substr(sign + 1);
+        const COtxValue value = valueOf(text);
+        warnOfBrokenJson(argument, text, value, err);
+        arguments.insert_or_assign(argument.substr(0, sign), value);
     }
     return COtxMap(arguments);
 }

@@ -3,6 +3,7 @@
 
 #include <otx/value/COtxValue.h>
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,9 @@ class Inputs;
 COtxValue readObject(Inputs& inputs, const std::string& file);
 
 // The in-arguments of a run: those of the file, if there is one, then those of the command line, each NAME=VALUE with a
-// VALUE that is JSON or else stands for itself; a later one replaces an earlier one of that name. Throws UsageError as
-// readObject does, and for one that isn't NAME=VALUE.
-COtxValue readArguments(Inputs& inputs, const std::string& file, const std::vector<std::string>& commandLine);
+// VALUE that is JSON or else stands for itself; a later one replaces an earlier one of that name. One that only begins as JSON
+// is a line on the stream. Throws UsageError as readObject does, and for one that isn't NAME=VALUE.
+COtxValue readArguments(Inputs& inputs, const std::string& file, const std::vector<std::string>& commandLine,
+                        std::ostream& err);
 
 }  // namespace velkotx::host

@@ -57,7 +57,8 @@ TEST(Report, AFailureWithoutTextIsItsWhat) {
 }
 
 TEST(Report, ThePlaceStandsBehindTheDocumentsName) {
-    const Reported reported({Outcome::Kind::unloadable, COtxValue(), "no type 'Asignment'", "", 12, 8, "Assignment"});
+    const Reported reported(
+        {Outcome::Kind::unloadable, COtxValue(), "no type 'Asignment'", "", 12, 8, "did you mean 'Assignment'?"});
     EXPECT_EQ(reported.err, "doc.otx:12:8: no type 'Asignment' (did you mean 'Assignment'?)\n");
 }
 

@@ -16,10 +16,19 @@ using namespace velkotx::host;
 COtxValue argumentOf(const std::string& argument) {
     std::istringstream in;
     Inputs inputs(in);
-    const COtxValue arguments = readArguments(inputs, "", {argument});
+    std::ostringstream err;
+    const COtxValue arguments = readArguments(inputs, "", {argument}, err);
     EXPECT_EQ(arguments.Map().size(), 1U);
     EXPECT_EQ(arguments.Map().begin()->first, COtxString("name"));
     return arguments.Map().begin()->second;
+}
+
+std::string warningAbout(const std::string& argument) {
+    std::istringstream in;
+    Inputs inputs(in);
+    std::ostringstream err;
+    readArguments(inputs, "", {argument}, err);
+    return err.str();
 }
 
 std::string complaintAbout(const std::string& file, const std::string& standardInput) {
@@ -50,17 +59,29 @@ TEST(Values, AnArgumentThatIsNoJsonStandsForItself) {
     EXPECT_EQ(argumentOf("name=[1,2"), COtxString("[1,2"));
 }
 
+TEST(Values, AnArgumentThatBeginsAsJsonIsWarnedOf) {
+    EXPECT_EQ(warningAbout("name=[1,2"),
+              "velkotx: --arg: 'name=[1,2' begins as JSON but isn't any, and is taken as a String\n");
+    EXPECT_NE(warningAbout("name= {a}"), "");
+    EXPECT_EQ(warningAbout("name=[1,2]"), "");
+    EXPECT_EQ(warningAbout("name=\"[1,2\""), "");
+    EXPECT_EQ(warningAbout("name=hello [1]"), "");
+    EXPECT_EQ(warningAbout("name= "), "");
+}
+
 TEST(Values, AnArgumentNeedsAName) {
     std::istringstream in;
     Inputs inputs(in);
-    EXPECT_THROW(readArguments(inputs, "", {"=5"}), UsageError);
-    EXPECT_THROW(readArguments(inputs, "", {"name"}), UsageError);
+    std::ostringstream err;
+    EXPECT_THROW(readArguments(inputs, "", {"=5"}, err), UsageError);
+    EXPECT_THROW(readArguments(inputs, "", {"name"}, err), UsageError);
 }
 
 TEST(Values, TheCommandLineReplacesTheFile) {
     std::istringstream in("{\"a\": 1, \"b\": 2, \"c\": 3}");
     Inputs inputs(in);
-    const COtxValue arguments = readArguments(inputs, "-", {"b=20", "c=30", "c=40"});
+    std::ostringstream err;
+    const COtxValue arguments = readArguments(inputs, "-", {"b=20", "c=30", "c=40"}, err);
     EXPECT_EQ(arguments.ToJSON(), COtxString("{\"a\":1,\"b\":20,\"c\":40}"));
 }
 

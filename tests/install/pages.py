@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the manual page and the completions against the program's own help. A shell that isn't there isn't asked."""
+"""Checks the manual page and the completions against the program's own help: their texts always, and what bash, fish, zsh and
+man make of them. What is left out because one of these isn't there is told."""
 import re
 import shutil
 import subprocess
@@ -25,6 +26,13 @@ def options_of(program, command):
 def expect(what, found, wanted):
     if set(found) != set(wanted):
         sys.exit(f"{what}: {sorted(found)} instead of {sorted(wanted)}")
+
+
+def is_there(name, check):
+    if shutil.which(name):
+        return True
+    print(f"left out, since there is no {name}: {check}")
+    return False
 
 
 class Bash:
@@ -61,9 +69,18 @@ def check_completion(shell, program):
         expect(f"{shell.name} options of {command}", found, long_names)
 
 
-def check_zsh(pages, program):
+def check_fish_text(pages, program):
+    text = (pages / "velkotx.fish").read_text()
+    for command in COMMANDS:
+        condition = "; and ".join(f"__fish_seen_subcommand_from {word}" for word in command.split())
+        entries = re.findall(rf"^complete -c velkotx -n '{condition}'(.*?) -d '", text, re.M)
+        found = [f"-{name}" for entry in entries for name in re.findall(r" -s (\S)", entry)]
+        found += [f"--{name}" for entry in entries for name in re.findall(r" -l (\S+)", entry)]
+        expect(f"fish, text, options of {command}", found, options_of(program, command))
+
+
+def check_zsh_text(pages, program):
     text = (pages / "_velkotx").read_text()
-    output("zsh", "-n", pages / "_velkotx")
     for command in COMMANDS:
         body = re.search(rf"^_velkotx_{command.replace(' ', '_')}\(\) {{\n(.*?)^}}", text, re.M | re.S).group(1)
         expect(f"zsh options of {command}", re.findall(r"'\*?(--?[a-z-]+)\[", body), options_of(program, command))
@@ -76,18 +93,25 @@ def check_man_page(pages, program):
         entries = re.findall(r"^\.TP\n((?:\\fB.*))$", section, re.M)
         found = {name for entry in entries for name in re.findall(r"\\fB(.*?)\\fR", entry)}
         expect(f"manual page, options of {command}", found, options_of(program, command))
-    if shutil.which("man"):
+
+
+def check_with_shells(pages, program):
+    """What each program takes the texts for."""
+    for shell in (Bash(pages), Fish(pages)):
+        if is_there(shell.name, f"what {shell.name} completes"):
+            check_completion(shell, program)
+    if is_there("zsh", "whether zsh can read the completion"):
+        output("zsh", "-n", pages / "_velkotx")
+    if is_there("man", "whether man shows the manual page without a warning"):
         output("man", "--warnings", "-l", pages / "velkotx.1", env={"PATH": "/usr/bin:/bin", "MANWIDTH": "100", "LC_ALL": "C"})
 
 
 def main():
     program, pages = sys.argv[1], Path(sys.argv[2])
     check_man_page(pages, program)
-    for shell in (Bash(pages), Fish(pages)):
-        if shutil.which(shell.name):
-            check_completion(shell, program)
-    if shutil.which("zsh"):
-        check_zsh(pages, program)
+    check_fish_text(pages, program)
+    check_zsh_text(pages, program)
+    check_with_shells(pages, program)
 
 
 main()
