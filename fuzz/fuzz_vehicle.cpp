@@ -1,4 +1,4 @@
-// Any bytes as a vehicle file: mistakes, or a vehicle that can be switched on and answers.
+// Any bytes as a vehicle file, which is read and no more: a description, or mistakes with a place and words.
 #include "Abort.h"
 
 #include <vehicle/ReadVehicle.h>

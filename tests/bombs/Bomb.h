@@ -3,9 +3,24 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace bombs {
+
+// What must come of a bomb on each of the stacks: the outcome begins with one of these. There are two only where the size of
+// the compiler's frames decides whether the stack is enough.
+struct Outcomes {
+    using Texts = std::vector<std::string>;
+
+    Outcomes(const std::string& one) : Outcomes({one}, {one}, {one}) {}
+    Outcomes(Texts large, Texts middle, Texts small)
+        : onLarge(std::move(large)), onMiddle(std::move(middle)), onSmall(std::move(small)) {}
+
+    Texts onLarge;   // 8 MB
+    Texts onMiddle;  // 1 MB
+    Texts onSmall;   // 256 KB
+};
 
 struct Bomb {
     std::string name;
@@ -13,8 +28,7 @@ struct Bomb {
     std::function<std::string()> make;
     // What becomes of it, in words: outcomeOf... below.
     std::string (*use)(const std::string& input);
-    // The outcome begins with one of these, on a stack of any size.
-    std::vector<std::string> allowed;
+    Outcomes outcomes;
     // Ends only where threads can't be had any more, at which a sanitizer itself gives up.
     bool takesAllThreads = false;
 };

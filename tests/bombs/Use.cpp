@@ -52,7 +52,7 @@ std::string outcomeOfJson(const std::string& text) {
     return inWords([&] {
         const COtxValue value = OTX::FromJSON(text);
         const std::string written = value.ToJSON().String();
-        return std::string(value == OTX::FromJSON(written) ? "read" : "read as something else");
+        return std::string(value == OTX::FromJSON(written) ? "read" : "another value when it is read again");
     });
 }
 

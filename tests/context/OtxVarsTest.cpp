@@ -2,6 +2,7 @@
 #include <OtxVars/OtxContextVariable.h>
 #include <OtxVars/OtxVars.h>
 
+#include <otx/event/COtxMonitorChangeEventSource.h>
 #include <otx/value/COtxInt.h>
 #include <otx/value/COtxString.h>
 #include <otx/value/IException.h>
@@ -19,6 +20,7 @@
 namespace {
 
 using otxns::OtxContextVarMap;
+using otxns::OtxContextVariable;
 using otxns::OtxVarMap;
 using otxns::OtxVars;
 
@@ -155,6 +157,65 @@ TEST_F(Store, WritesAndBindsTheTopFrameThenTheGlobals) {
     EXPECT_EQ(vars.Globals().Find("v"), other);
     EXPECT_EQ(raised([&] { vars.Set("w", COtxInt(1)); }), "1 w");
     EXPECT_EQ(raised([&] { vars.Bind("w", other); }), "1 w");
+}
+
+TEST_F(Store, DeclaresInAFrameOnlyAndKeepsTheFirst) {
+    const otxns::Name v("v");
+    EXPECT_EQ(raised([&] { vars.Declare(v, COtxInt(1)); }), invalidStack);
+    vars.newStack();
+    EXPECT_EQ(raised([&] { vars.Declare(v, COtxInt(1)); }), invalidStack);
+    EXPECT_EQ(raised([&] { vars.DeclareInteger(v, 1); }), invalidStack);
+    vars.push("p");
+    vars.DeclareInteger(v, 1);
+    vars.DeclareInteger(v, 2);
+    vars.Declare(v, COtxString("three"));
+    EXPECT_EQ(vars.Get("v").Int(), 1);
+}
+
+TEST_F(Store, GivesTheCellsOfAnEndedCallToTheNextUnlessSomeoneHasThem) {
+    const otxns::Name free("free"), held("held"), watched("watched"), own("own"), next("next"), empty("empty");
+    vars.newStack();
+    vars.push("p");
+    vars.DeclareInteger(held, 1);
+    vars.DeclareInteger(watched, 2);
+    const auto kept = vars.GetVariable(held);
+    const COtxMonitorChangeEventSource source;
+    vars.GetVariable(watched)->AddEventSource("watched", source);
+    vars.TopFrame(self).Add("own", std::make_shared<OtxContextVariable>(COtxInt(3)));
+    vars.Declare(free, COtxString("text"));
+    const OtxVariable* const reused = vars.GetVariable(free).get();
+    vars.pop();
+    vars.push("q");
+    vars.Declare(next, COtxValue());
+    EXPECT_EQ(vars.GetVariable(next).get(), reused);
+    EXPECT_EQ(vars.GetVariable(next)->Value().Type(), OTX::ValueType::Empty);
+    vars.DeclareInteger(empty, 7);
+    EXPECT_EQ(kept->Value().Int(), 1);
+    vars.Set(empty, COtxInt(8));
+    EXPECT_EQ(kept->Value().Int(), 1);
+}
+
+TEST_F(Store, CountsWhereverTheVariableStands) {
+    const otxns::Name local("local"), global("global"), text("text"), nobody("nobody");
+    vars.newStack();
+    vars.push("p");
+    vars.DeclareInteger(local, 1);
+    vars.Declare(text, COtxString("1"));
+    vars.Globals().Add("global", cell(2));
+    long long number = 0;
+    EXPECT_TRUE(vars.GetInteger(local, number));
+    EXPECT_EQ(number, 1);
+    for (const otxns::Name* other : {&global, &text, &nobody}) EXPECT_FALSE(vars.GetInteger(*other, number));
+    vars.SetInteger(local, 5);
+    vars.SetInteger(global, 6);
+    vars.SetInteger(text, 7);
+    EXPECT_EQ(vars.Get(local).Int(), 5);
+    EXPECT_EQ(vars.Get(global).Int(), 6);
+    EXPECT_EQ(vars.Get(text).Int(), 7);
+    EXPECT_EQ(raised([&] { vars.SetInteger(nobody, 1); }), "1 nobody");
+    const auto bound = std::make_shared<OtxContextVariable>(COtxInt(3));
+    vars.Bind("local", bound);
+    EXPECT_EQ(raised([&] { vars.SetInteger(local, 1); }), "1 Cannot set a context variable");
 }
 
 TEST(Scope, KeepsTheFirstCellOfAName) {

@@ -41,11 +41,37 @@ bool isCall(const std::string& line) { return line.find("call ") <= line.find_fi
 
 bool isOutcome(const std::string& line) { return line.starts_with(R"({"outcome":)"); }
 
+bool isFinished(const std::string& outcome) { return outcome.starts_with(R"({"outcome":"finished")"); }
+
 // What the kind may make of a run. Only the host's own number leaves it as no standard exception.
 bool isStated(const std::string& outcome, const std::string& kind) {
     for (const char* const known : {"finished", "exception", "failed", "cancelled"})
         if (outcome.starts_with(std::string(R"({"outcome":")") + known + '"')) return true;
     return kind == "integer" && outcome.starts_with(R"({"outcome":"escaped","what":"no std::exception")");
+}
+
+// The calls behind which a run goes on as if nothing were.
+struct Swallowing {
+    const char* operation;
+    const char* node;  // of the document
+    const char* reason;
+};
+constexpr Swallowing swallowing[] = {
+    {"FileStore.Open", ":IsFile\"", "every failure of the store is a no"},
+};
+
+// What a handler can take: OTX exceptions, and what the node itself makes one of.
+bool isForHandlers(const std::string& operation, const std::string& kind) {
+    const bool isMadeOne = operation == "Store.Save" || operation.starts_with("FileStore.");
+    return kind == "otx" || (kind == "standard" && isMadeOne);
+}
+
+// "OBJECT.OPERATION", the object's name only where there is one of the kind.
+std::string operationIn(const std::string& call) {
+    const std::string named = call.substr(0, call.find('('));
+    for (const char* const object : {"FileStore.", "Store."})
+        if (const auto at = named.find(std::string("call ") + object); at != std::string::npos) return named.substr(at + 5);
+    return named.substr(named.rfind('.') + 1);
 }
 
 class Check {
@@ -77,8 +103,30 @@ private:
         if (outcomes != std::count_if(whole_.begin(), whole_.end(), isOutcome)) tell(place, "another number of outcomes");
         for (const std::string& line : lines)
             if (isOutcome(line) && !isStated(line, kind)) tell(place, line);
+        checkRunOf(call, lines, kind, place);
         if (runDocument(document_, script_, Mode::xml) != whole_) tell(place, "the next time is another one");
         nowRunning("");
+    }
+
+    // The run whose call failed mustn't finish as if nothing were.
+    void checkRunOf(int call, const Lines& lines, const std::string& kind, const std::string& place) {
+        auto line = lines.begin();
+        for (auto expected = whole_.begin(); line != lines.end() && (!isCall(*line) || --call != 0); ++line) {
+            if (!isOutcome(*line)) continue;
+            expected = std::find_if(expected, whole_.end(), isOutcome);
+            if (expected == whole_.end() || *line != *expected++) tell(place, "a run ahead of it gives " + *line);
+        }
+        if (line == lines.end()) return tell(place, "the call isn't made");
+        const auto outcome = std::find_if(line, lines.end(), isOutcome);
+        if (outcome != lines.end() && isFinished(*outcome) && !mayFinish(operationIn(*line), kind))
+            tell(place, operationIn(*line) + ": the run finishes");
+    }
+
+    bool mayFinish(const std::string& operation, const std::string& kind) const {
+        const auto holds = [this](const char* name) { return document_.find(name) != std::string::npos; };
+        for (const Swallowing& known : swallowing)
+            if (operation == known.operation && holds(known.node) && kind != "integer") return true;
+        return holds("<handler") && isForHandlers(operation, kind);
     }
 
     void tell(const std::string& place, const std::string& mistake) {
@@ -96,7 +144,7 @@ private:
 // Not documents whose lanes or dialogs could rightly wait for what the failed call would have brought.
 bool isMeant(const ExpectFile& expectation) {
     const Script& script = expectation.script();
-    const bool hasHost = script.recordsCalls || script.withStore || script.withProviders;
+    const bool hasHost = script.recordsCalls || script.withStore || script.withProviders || !script.filesFolder.empty();
     return hasHost && script.failures.empty() && script.answers.empty() && script.refusals.empty() && !script.hostGone &&
            script.skipped.empty() && contentOf(expectation.document()).find("<parallel") == std::string::npos;
 }

@@ -3,12 +3,15 @@
 #include "Parts.h"
 
 #include <otx/value/COtxException.h>
+#include <otx/value/COtxString.h>
 #include <otx/value/COtxValue.h>
+#include <otx/value/IString.h>
 
 #include <cxxabi.h>
 
 #include <atomic>
 #include <stdexcept>
+#include <string>
 
 namespace faults {
 
@@ -33,9 +36,13 @@ public:
         hasRefused_ = false;
     }
     bool hasRefused() const { return hasRefused_; }
+    // Whether the message that was refused last told of a change of a screen.
+    bool hasRefusedChange() const { return hasRefusedChange_; }
 
-    void sendRequest(const COtxValue&) override {
+    void sendRequest(const COtxValue& message) override {
         if (++count_ != refused_) return;
+        const std::string type = message.Map().at(COtxString("eventType")).String();
+        hasRefusedChange_ = type == "HMI-InParameterValueChanged";
         hasRefused_ = true;
         switch (thrown_) {
             case Thrown::standard: throw std::runtime_error("refused");
@@ -49,6 +56,7 @@ private:
     std::atomic<std::size_t> count_{0};
     std::atomic<std::size_t> refused_{0};
     std::atomic<bool> hasRefused_{false};
+    std::atomic<bool> hasRefusedChange_{false};
 };
 
 }  // namespace
@@ -82,8 +90,8 @@ std::vector<Series> refusingHost(const std::string& document) {
             sequencer->SetHost(host);
             return run(*sequencer);
         };
-        // The thread of a screen's changes ends without a word.
-        series.mayPass = [](std::size_t) { return true; };
+        // The thread of a screen's changes ends without a word; no other message does.
+        series.mayPass = [host](std::size_t) { return host->hasRefusedChange(); };
         all.push_back(std::move(series));
     }
     return all;

@@ -19,6 +19,28 @@ def line_of(text, position):
     return text.count("\n", 0, position) + 1
 
 
+def arguments(code, opening):
+    """The arguments of the call whose parenthesis or brace stands at `opening`, and the place behind its end."""
+    parts, depth, start = [], 0, opening + 1
+    for index in range(opening, len(code)):
+        if code[index] in "([{":
+            depth += 1
+        elif code[index] in ")]}":
+            depth -= 1
+            if depth == 0:
+                last = code[start:index].strip()
+                return parts + [last] if parts or last else [], index + 1
+        elif code[index] == "," and depth == 1:
+            parts.append(code[start:index].strip())
+            start = index + 1
+    return parts, len(code)
+
+
+def is_parameter(text):
+    """Whether it declares a parameter, as far as it can be told from an expression: `T name`, `T& name = x`, `T&`."""
+    return re.search(r"(?:\w|(?<=[\w>])>)[&*]* +\w+\s*(?:=|$)|[&*]$", text) is not None
+
+
 def opening_brace(text, closing):
     """The place of the brace that the one at `closing` ends."""
     depth = 0

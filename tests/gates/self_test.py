@@ -19,6 +19,16 @@ BREAKS = (
     ("host/A.cpp", "// Role.\nint i = snprintf(text, 3, \"%f\", d);\n", "snprintf("),
     ("schema/frame/schema/A.cpp", "// Role.\nvoid f() { list.reserve(count); }\n", "'list.reserve(count)'"),
     ("schema/frame/schema/A.cpp", "// Role.\nauto p = new char[size];\n", "'new char[size]'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nauto p = std::make_unique_for_overwrite<char[]>(size);\n", "<char[]>(size)'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nstd::vector<int> v(count);\n", "'std::vector<int> v(count)'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nauto v = std::vector<std::pair<int, int>>(count + 1);\n", "(count + 1)'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nstd::string text(in.length(), ' ');\n", "'std::string text(in.length(), )'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nauto text = indent + std::u16string(count,\n    u'x');\n", "'std::u16string(count, u )'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nvoid f() { list.assign(count, 0); }\n", "'list.assign(count, 0)'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nvoid f() { stack.back().append(count, 'x'); }\n", ".append(count, )'"),
+    ("schema/frame/schema/A.cpp", "// Role.\nvoid f() { list->insert(list->end(), count, 0); }\n", "'list->insert("),
+    ("schema/frame/schema/A.cpp", "// Role.\nauto bytes = std::make_unique<hex_binary>(count);\n", "'make_unique<hex_binary>(count)'"),
+    ("schema/frame/schema/Name.cpp", "// Role.\nint i = 0;\n", "'new Name[remembered]' is in the list"),
     ("src/A.cpp", "// Role.\nvoid f() { std::cerr << 1; }\n", "prints nothing"),
 )
 PASSES = (
@@ -27,6 +37,9 @@ PASSES = (
     ("src/A.cpp", "// Role: no catch (...) and no std::stoi here.\nauto text = \"catch (...)\"; int i = 1'000;\n"),
     ("src/A.cpp", "// The second specification of XML Schema Part 2.\n"),
     ("schema/frame/schema/Name.cpp", "// Role.\nauto p = new Name[remembered];\n"),
+    ("schema/frame/schema/A.cpp", "// Role.\nstd::vector<char> of(std::istream& file, int size = 3);\nstd::vector<int> none();\n"),
+    ("schema/frame/schema/A.cpp", "// Role.\nstd::string copy(text);\nvoid f() { copy.append(text); list.insert(text); }\n"),
+    ("schema/frame/schema/A.cpp", "// Role.\nstd::string of(std::string_view text, const Name&);\n"),
     ("tools/a.sh", "#!/bin/sh\n# Role.\n"),
 )
 CALLS = (
@@ -38,6 +51,13 @@ CALLS = (
     ("std::ostream::put(char)", False),
     ("std::to_chars(char*, char*, double)", False),
     ("my::printf_like", False),
+)
+# Whole lists of calls, and what is wrong with them besides what the others' agreements miss.
+FOUND = (
+    ([("src/A.cpp.o", "strtod")], "src/A.cpp.o: strtod"),
+    ([("src/OtherText.cpp.o", "strtod_l")], "src/OtherText.cpp.o: strtod_l"),
+    ([("schema/frame/schema/Text.cpp.o", "strtod")], "schema/frame/schema/Text.cpp.o: strtod"),
+    ([], "schema/Text.cpp: agreed to for 'strtod_l'"),
 )
 SHORT = (
     ("vtable for velkotx::Sequencer", "class velkotx::Sequencer"),
@@ -62,6 +82,11 @@ def main():
         check(not found, f"complained about {text!r}: {found}")
     for symbol, wanted in CALLS:
         check(bool(locale_numbers.CALLS.search(symbol)) == wanted, f"{symbol}: {wanted} expected")
+    for found, wanted in FOUND:
+        lines = list(locale_numbers.complaints(found))
+        check(any(line.startswith(wanted) for line in lines), f"not found: {wanted}, only {lines}")
+    lines = list(locale_numbers.complaints([("schema/frame/schema/Text.cpp.o", "strtod_l")]))
+    check(not any("schema/Text.cpp" in line for line in lines), f"complained about what is agreed to: {lines}")
     for symbol, wanted in SHORT:
         check(exports.short(symbol) == wanted, f"{exports.short(symbol)} instead of {wanted}")
 

@@ -11,16 +11,24 @@ LONGEST = 600
 # Data rather than code: the catalogue has one file a module, and the core is a large one.
 MAY_BE_LONG = {"schema/catalogue/core.otxs"}
 
-# Allocations by a number in the readers of documents: the file, the call, and what bounds the number.
+# Allocations by a number in the readers of documents: the file, the call without what literals hold, and what bounds the number.
 SIZED = {
     ("schema/frame/schema/CompiledForm.cpp", "bytes.reserve(initialSize)"): "a constant",
+    ("schema/frame/schema/CompiledForm.cpp", "bytes.assign(std::istreambuf_iterator<char>(file.rdbuf()), {})"): "what the file has",
     ("schema/frame/schema/Name.cpp", "new Name[remembered]"): "a constant",
     ("schema/frame/schema/Arena.cpp", "new std::byte[size]"): "the caller's size of a block",
-    ("schema/frame/schema/Registry.cpp", "names.reserve(maps()"): "the types that there are",
-    ("schema/frame/schema/CdrMemory.h", "malloc(std::size_t size)"): "of a stream that is written: what the document has",
-    ("schema/frame/schema/CdrMemory.h", "calloc(std::size_t size, char initialValue)"): "the same",
+    ("schema/frame/schema/Registry.cpp", "names.reserve(maps().byName.size())"): "the types that there are",
+    ("schema/frame/schema/Suggestion.cpp", "std::vector<std::size_t> row(other.size() + 1)"): "a name of the catalogue",
+    ("schema/frame/schema/Text.cpp", "std::string narrowed(length, )"): "counted in the text that is there",
+    ("schema/frame/schema/Text.cpp", "make_unique<hex_binary>(digits.size() / 2)"): "the digits that are there",
+    ("schema/frame/schema/Text.cpp", "make_unique<hex_binary>(*readHexBinary(narrow(text)), f, owner)"): "a copy",
+    ("schema/frame/schema/Holders.h", "hex_binary(bytes.data(), bytes.size())"): "a view of bytes that are there",
+    ("schema/frame/schema/FieldPrinter.cpp", "std::string blanks(width > text.size() ? width - text.size() : 0, )"): "constants",
+    ("schema/frame/schema/FieldPrinter.cpp", "std::string(bytesColumn, )"): "a constant",
+    ("schema/frame/schema/FieldPrinter.cpp", "std::string(2 * members_.size(), )"): "the levels that the reader is in",
+    ("schema/frame/schema/FieldPrinter.cpp", ").assign(name.begin(), name.end())"): "a name of the catalogue",
+    ("schema/frame/schema/CdrMemory.h", "make_unique_for_overwrite<char[]>(size)"): "for writing: what the document has",
     ("schema/frame/schema/CdrMemory.h", "malloc(size)"): "the same",
-    ("schema/frame/schema/CdrMemory.h", "calloc(std::size_t count, std::size_t size, char initialValue)"): "the same",
     ("schema/frame/schema/CdrMemory.h", "calloc(count * size, initialValue)"): "the same",
 }
 
@@ -93,17 +101,46 @@ def locale_calls(name, text):
         yield cpp_text.line_of(code, match.start()), f"{match.group()}: use std::to_chars or std::from_chars"
 
 
+OBJECT = r"(?:\b[\w.>-]+|[)\]])(?:\.|->)"
+# Calls that allocate by a number, each with how many arguments it has then at the least.
+SIZED_CALLS = (
+    (OBJECT + r"(?:reserve|resize(?:_and_overwrite)?)(?=\()", 1),
+    (r"\b(?:malloc|calloc|realloc|alloca|aligned_alloc)(?=\()", 1),
+    (r"\bmake_(?:unique|shared)(?:_for_overwrite)?<[^;()]*?\[\]>(?=\()", 1),
+    (OBJECT + r"(?:assign|append)(?=\()", 2),
+    (OBJECT + r"insert(?=\()", 3),
+    # Constructors. Those of the tree's own bytes allocate by their first argument.
+    (r"\bstd::(?:vector|deque|list|forward_list|valarray)\b(?:<[^;()]*>)?(?:[ ]*\w+)?(?=\()", 1),
+    (r"\bstd::(?:basic_string\b<[^;()]*>|(?:w|u8|u16|u32)?string\b)(?:[ ]*\w+)?(?=\()", 2),
+    (r"\bmake_(?:unique|shared)<(?:std::(?:vector|deque|list|valarray)\b[^;()]*|(?:hex_binary|base64_binary|buffer))>(?=\()", 1),
+    (r"\bmake_(?:unique|shared)<std::(?:basic_string\b[^;()]*|\w*string)>(?=\()", 2),
+    (r"\b(?:hex_binary|base64_binary|buffer)(?: \w+)?(?=\()", 1),
+)
+
+
+def calls_by_a_number(code):
+    for match in re.finditer(r"\bnew [\w:]+\[[^\]]*\]", code):
+        yield match.start(), match.group()
+    for pattern, least in SIZED_CALLS:
+        for match in re.finditer(pattern, code):
+            arguments, end = cpp_text.arguments(code, match.end())
+            if len(arguments) >= least and not any(map(cpp_text.is_parameter, arguments)):
+                yield match.start(), " ".join(code[match.start():end].split())
+
+
 def sized_allocations(name, text):
     """No number of a document is believed before it is compared with the bytes that are there: all allocations by a number are
     listed above."""
     if not name.startswith("schema/frame/") or not name.endswith(CODE):
         return
     code = cpp_text.without_comments(text)
-    sized = r"\b[\w.>-]+(?:\.|->)(?:reserve|resize)\([^;]*?\)|\bnew [\w:]+\[[^\]]*\]|\b(?:malloc|calloc|realloc)\([^;]*?\)" \
-            r"|make_(?:unique|shared)<[^;]*?\[\]>[^;]*?\)"
-    for match in re.finditer(sized, code):
-        if (name, match.group()) not in SIZED:
-            yield cpp_text.line_of(code, match.start()), f"'{match.group()}' isn't in the list of bounded allocations"
+    found = sorted(set(calls_by_a_number(code)))
+    for start, call in found:
+        if (name, call) not in SIZED:
+            yield cpp_text.line_of(code, start), f"'{call}' isn't in the list of bounded allocations"
+    for where, call in SIZED:
+        if where == name and call not in {call for _, call in found}:
+            yield 1, f"'{call}' is in the list of bounded allocations, but not here"
 
 
 def printing(name, text):

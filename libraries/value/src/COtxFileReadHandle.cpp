@@ -62,11 +62,7 @@ public:
 
     COtxValue ReadBytes(std::int64_t index, std::int64_t count) override {
         const std::lock_guard guard(readerLock_);
-        FileReader& reader = opened();
-        if (index >= 0) reader.moveTo(index);
-        if (count == 0) return makeByteField({});
-        if (reader.isAtEnd()) failRead(index >= 0 ? "there is no byte " + std::to_string(index) : "the end is reached");
-        return makeByteField(reader.takeBytes(count));
+        return makeByteField(opened().takeBytes(index, count));
     }
 
     COtxValue ReadLine() override {

@@ -79,30 +79,66 @@ FileReader::Mark FileReader::findMark() {
 
 void FileReader::skip(std::size_t count) { next_ += have(count); }
 
-void FileReader::moveTo(std::int64_t index) {
-    mark();
-    if (index < base_ || index - base_ > static_cast<std::int64_t>(end_)) {
-        std::streambuf& from = source();
-        // To the byte ahead, which tells whether the file goes so far.
-        const std::int64_t ahead = std::max<std::int64_t>(index - 1, 0);
-        if (guarded([&] { return from.pubseekpos(ahead, std::ios::in) == std::streampos(ahead); })) {
-            base_ = ahead;
-            next_ = end_ = 0;
-        }
-        // A stream that can't seek is read up to there.
+bool FileReader::isHeld(std::int64_t index) const noexcept {
+    return index >= base_ && index - base_ <= static_cast<std::int64_t>(end_);
+}
+
+void FileReader::seek(std::int64_t index) {
+    std::streambuf& from = source();
+    // To the byte ahead, which tells whether the file goes so far.
+    const std::int64_t ahead = std::max<std::int64_t>(index - 1, 0);
+    if (!guarded([&] { return from.pubseekpos(ahead, std::ios::in) == std::streampos(ahead); })) return;
+    base_ = ahead;
+    next_ = end_ = 0;
+}
+
+bool FileReader::readsUpTo(std::int64_t index) {
+    while (index > base_ && !isHeld(index)) {
         next_ = end_;
-        while (index - base_ > static_cast<std::int64_t>(end_) && fill(1) > 0) next_ = end_;
+        if (fill(1) == 0) break;
     }
-    if (index < base_ || index - base_ > static_cast<std::int64_t>(end_))
-        failFile(Kind::FileException, name_, "there is no byte " + std::to_string(index));
+    if (!isHeld(index)) return false;
     next_ = static_cast<std::size_t>(index - base_);
+    return true;
+}
+
+void FileReader::moveTo(std::int64_t index) {
+    if (!isHeld(index)) seek(index);
+    if (!readsUpTo(index)) failNoByte(index);
+}
+
+// What fails on the way back isn't told: it follows another failure.
+void FileReader::returnTo(std::int64_t index) {
+    try {
+        // In any case: a stream that was told to go too far needn't stand where it did.
+        seek(index);
+        readsUpTo(index);
+    } catch (const COtxValue&) {
+    }
+}
+
+void FileReader::failNoByte(std::int64_t index) const {
+    failFile(Kind::FileException, name_, index < 0 ? "the end is reached" : "there is no byte " + std::to_string(index));
 }
 
 void FileReader::failTooLarge() const {
     failFile(Kind::FileException, name_, "more than " + std::to_string(largestPiece) + " bytes at once");
 }
 
-std::vector<unsigned char> FileReader::takeBytes(std::int64_t count) {
+std::vector<unsigned char> FileReader::takeBytes(std::int64_t index, std::int64_t count) {
+    mark();
+    const std::int64_t before = base_ + static_cast<std::int64_t>(next_);
+    try {
+        if (index >= 0) moveTo(index);
+        if (count != 0 && isAtEnd()) failNoByte(index);
+        return bytesAhead(count);
+    } catch (const COtxValue&) {
+        returnTo(before);
+        throw;
+    }
+}
+
+std::vector<unsigned char> FileReader::bytesAhead(std::int64_t count) {
     std::vector<unsigned char> bytes;
     while (count != 0 && have(1) > 0) {
         std::size_t piece = end_ - next_;

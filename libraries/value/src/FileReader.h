@@ -33,11 +33,10 @@ public:
 
     // Further bytes, less at the end.
     void skip(std::size_t count);
-    // To the byte of that index; back only where the stream can.
-    void moveTo(std::int64_t index);
 
-    // Up to so many bytes; all that are left for a negative count.
-    std::vector<unsigned char> takeBytes(std::int64_t count);
+    // Up to so many bytes, all that are left for a negative count, from the byte of that index on, for a negative one from the
+    // place. Back only where the stream can, and only there does a failure leave the place as it was.
+    std::vector<unsigned char> takeBytes(std::int64_t index, std::int64_t count);
     // The bytes up to a line feed, which is skipped, or the end. They stay until the next operation.
     std::string_view takeLine();
     // The same by units of two bytes. At the end it may have half a unit.
@@ -48,9 +47,17 @@ private:
     std::size_t have(std::size_t wanted) { return end_ - next_ >= wanted ? wanted : fill(wanted); }
     std::size_t fill(std::size_t wanted);
     Mark findMark();
+    // Whether that place is one in the buffer, or its end.
+    bool isHeld(std::int64_t index) const noexcept;
+    void seek(std::int64_t index);
+    bool readsUpTo(std::int64_t index);
+    void moveTo(std::int64_t index);
+    void returnTo(std::int64_t index);
+    std::vector<unsigned char> bytesAhead(std::int64_t count);
     std::streambuf& source();
     void startLine();
     void addToLine(std::size_t bytes);
+    [[noreturn]] void failNoByte(std::int64_t index) const;
     [[noreturn]] void failTooLarge() const;
 
     // Runs a piece of work on the stream, and gives its failures the kind of ours.

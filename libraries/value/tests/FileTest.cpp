@@ -66,6 +66,19 @@ private:
     std::size_t place_ = 0;
 };
 
+// Stands at its end when it was told to go behind that.
+class Overshooting : public std::stringbuf {
+public:
+    using std::stringbuf::stringbuf;
+
+private:
+    pos_type seekpos(pos_type place, std::ios_base::openmode which) override {
+        const pos_type reached = std::stringbuf::seekpos(place, which);
+        if (reached == pos_type(off_type(-1))) std::stringbuf::seekoff(0, std::ios_base::end, which);
+        return reached;
+    }
+};
+
 // Has no end.
 class Endless : public std::streambuf {
     int_type underflow() override {
@@ -139,6 +152,24 @@ TEST(FileReadHandle, ReadsBytes) {
     EXPECT_EQ(bytes(handle, 4, 1), "45");
     EXPECT_EQ(bytes(handle, 5, 0), "");
     EXPECT_EQ(OTX_THROWN_TEXT(bytes(handle, 6, 0)), "File 'some/path': there is no byte 6");
+}
+
+TEST(FileReadHandle, StaysWhereItWasWhenBytesAreRefused) {
+    // Whether the place is at the beginning, inside of what is read ahead, at its end, or behind it.
+    const std::string content = std::string(32'767, 'x') + "\nlast\n";
+    for (const std::int64_t place : {0, 5, 32'768, 32'770, 32'773}) {
+        const COtxValue handle = opened(std::make_shared<StreamOver<Overshooting>>(content));
+        EXPECT_EQ(bytes(handle, 0, place).size(), static_cast<std::size_t>(2 * place));
+        EXPECT_EQ(OTX_THROWN_TEXT(bytes(handle, 99'999, 1)), "File 'some/path': there is no byte 99999");
+        EXPECT_EQ(OTX_THROWN_TEXT(bytes(handle, 99'999, 0)), "File 'some/path': there is no byte 99999");
+        EXPECT_EQ(OTX_THROWN_TEXT(bytes(handle, 32'773, 1)), "File 'some/path': there is no byte 32773");
+        if (place == 32'773) {
+            EXPECT_TRUE(atEnd(handle));
+            continue;
+        }
+        const std::string rest = content.substr(static_cast<std::size_t>(place));
+        EXPECT_EQ(line(handle), rest.substr(0, rest.find('\n')));
+    }
 }
 
 TEST(FileReadHandle, ReadsLinesAndBytesInTurns) {
@@ -255,6 +286,10 @@ TEST(FileReadHandle, ReadsAStreamThatCannotSeek) {
     EXPECT_EQ(bytes(handle, 3, 2), "4445");
     EXPECT_EQ(bytes(handle, 6, 1), "47");
     EXPECT_EQ(OTX_THROWN_TEXT(bytes(handle, 0, 1)), "File 'some/path': there is no byte 0");
+    EXPECT_EQ(line(handle), "H") << "the refused index is behind it";
+    const COtxValue other = drops(Encoding::Utf8, "ABCDEFGH");
+    EXPECT_EQ(OTX_THROWN_TEXT(bytes(other, 9, 1)), "File 'some/path': there is no byte 9");
+    EXPECT_TRUE(atEnd(other)) << "all was read to know it";
 }
 
 TEST(FileReadHandle, TellsWhyTheStreamFails) {

@@ -10,6 +10,7 @@ import sys
 NAMESPACE = "http://iso.org/OTX/1.0.0"
 LIMIT = 10_000  # levels of nested elements, attributes of one element
 AROUND_FLOW = 5  # otx, procedures, procedure, realisation, flow
+AROUND_LANE = 3  # parallel, realisation, lane: what the mode of that name puts round a flow
 
 ROOT = (
     '<?xml version="1.0" encoding="UTF-8"?>\n'
@@ -100,7 +101,8 @@ def too_many(count):
 
 
 DOCUMENTS = {
-    "deep-unknown": (nested(LIMIT - 1), finished(1)),
+    "deep-unknown": (nested(LIMIT - 1), finished(1), "%skip lane the lane's own three levels pass the limit"),
+    "deep-unknown-in-lane": (nested(LIMIT - 1 - AROUND_LANE), finished(1)),
     "bad-deep-unknown": (nested(LIMIT + 1), too_deep()),
     "bad-deep-unknown-far": (nested(20 * LIMIT), too_deep()),
     "deep-terms": (negated(2_000), finished(True)),
@@ -117,9 +119,10 @@ DOCUMENTS = {
 def main():
     folder = pathlib.Path(sys.argv[1])
     folder.mkdir(parents=True, exist_ok=True)
-    for name, (text, outcome) in DOCUMENTS.items():
+    for name, (text, outcome, *directives) in DOCUMENTS.items():
         (folder / f"{name}.otx").write_text(text, encoding="utf-8")
-        (folder / f"{name}.expect").write_text(json.dumps(outcome, separators=(",", ":")) + "\n", encoding="utf-8")
+        lines = [*directives, json.dumps(outcome, separators=(",", ":"))]
+        (folder / f"{name}.expect").write_text("\n".join(lines) + "\n", encoding="utf-8")
 
 
 if __name__ == "__main__":
