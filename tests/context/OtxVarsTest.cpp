@@ -20,7 +20,6 @@
 namespace {
 
 using otxns::OtxContextVarMap;
-using otxns::OtxContextVariable;
 using otxns::OtxVarMap;
 using otxns::OtxVars;
 
