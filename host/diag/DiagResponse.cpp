@@ -17,12 +17,6 @@ namespace velkotx::host {
 
 namespace {
 
-bool hasConstants(const std::vector<ParameterDescription>& parameters) {
-    return std::any_of(parameters.begin(), parameters.end(), [](const ParameterDescription& parameter) {
-        return !std::holds_alternative<std::monostate>(parameter.constant) || hasConstants(parameter.fields);
-    });
-}
-
 bool fits(const MessageDescription& description, const Bytes& bytes) {
     const Bytes& prefix = description.prefix;
     if (bytes.size() < prefix.size() || !std::equal(prefix.begin(), prefix.end(), bytes.begin()))

@@ -31,23 +31,25 @@ void UdsExchange::begin(Link& link, const Clock& clock, const UdsTiming& timing)
     sent_ = clock.now();
 }
 
-bool UdsExchange::proceed(Link& link, const Clock& clock, Patience patience) {
+bool UdsExchange::proceed(Link& link, const Clock& clock, Patience patience, Clock::Time pause) {
+    const auto paused = [&] { return pause != Clock::Time::max() && clock.now() >= pause; };
     for (int taken = 0;; ++taken) {
         if (answered()) {
             end(UdsOutcome::End::Answered);
             outcome_.waited = clock.now() - sent_;
             return true;
         }
-        if (patience == Patience::Poll && taken == mostPolled)
+        // At least one is taken each time, so that an exchange goes on however short its pauses are.
+        if (patience == Patience::Poll ? taken == mostPolled : taken > 0 && paused())
             return false;
-        auto received = link.receive(patience == Patience::Poll ? sent_ : deadline());
+        auto received = link.receive(patience == Patience::Poll ? sent_ : std::min(deadline(), pause));
         // What comes too late without being an answer must not keep the exchange alive: a busy line never falls silent.
         const bool late = received && received->time > deadline();
         if (received)
             take(std::move(*received));
         if (received && (!late || answered()))
             continue;
-        if (!received && patience == Patience::Poll && clock.now() < deadline())
+        if (!received && (patience == Patience::Poll || paused()) && clock.now() < deadline())
             return false;
         runOut(clock);
         return true;

@@ -55,8 +55,9 @@ public:
 
     // Sends the request. Throws as the link does.
     void begin(Link& link, const Clock& clock, const UdsTiming& timing);
-    // Takes what has come, or waits for it; true when the exchange has ended. Throws as the link does.
-    bool proceed(Link& link, const Clock& clock, Patience patience);
+    // Takes what has come, or waits for it, until the pause has come; true when the exchange has ended. Throws as the link
+    // does.
+    bool proceed(Link& link, const Clock& clock, Patience patience, Clock::Time pause);
     // Ends it as it is.
     void end(UdsOutcome::End end, const std::string& complaint = {});
     // Hands the outcome to the client.
@@ -64,6 +65,8 @@ public:
 
     const UdsRequest& request() const noexcept { return request_; }
     const UdsOutcome& outcome() const noexcept { return outcome_; }
+    // When the request went out; 0 before that.
+    Clock::Time sent() const noexcept { return sent_; }
 
 private:
     void take(ReceivedPdu&& received);

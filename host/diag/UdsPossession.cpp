@@ -1,12 +1,18 @@
 // The link of a channel in the hands of one thread.
 #include "diag/UdsPossession.h"
 
+#include "diag/UdsProtocol.h"
+
+#include <algorithm>
 #include <utility>
 
 namespace velkotx::host {
 
 UdsTraffic::Possession::Possession(UdsTraffic& traffic, Lock& lock, User user)
-    : traffic_(traffic), link_(traffic.link_), timing_(traffic.session_.stretched(traffic.timing_)) {
+    : traffic_(traffic),
+      link_(traffic.link_),
+      timing_(traffic.session_.stretched(traffic.timing_)),
+      dueForAll_(traffic.session_.isFunctional() ? traffic.aliveDue() : Clock::Time::max()) {
     traffic.user_ = user;
     lock.unlock();
 }
@@ -14,6 +20,24 @@ UdsTraffic::Possession::Possession(UdsTraffic& traffic, Lock& lock, User user)
 UdsTraffic::Possession::~Possession() {
     if (held_)
         giveBack(nullptr, false);
+}
+
+Clock::Time UdsTraffic::Possession::dueForAll(const UdsExchange& exchange) const {
+    const std::lock_guard guard(traffic_.trafficLock_);
+    if (traffic_.session_.isFunctional())
+        return traffic_.aliveDue();
+    const bool opens = UdsSession::opensForAll(exchange.request()) && traffic_.timing_.testerPresent.count() > 0;
+    return opens ? traffic_.lastToAll_ + traffic_.timing_.testerPresent : Clock::Time::max();
+}
+
+void UdsTraffic::Possession::keepAllAlive() {
+    link_->send(uds::quietTesterPresent, true);
+    sentToAll(traffic_.clock_.now());
+}
+
+void UdsTraffic::Possession::sentToAll(Clock::Time time) {
+    const std::lock_guard guard(traffic_.trafficLock_);
+    traffic_.lastToAll_ = std::max(traffic_.lastToAll_, time);
 }
 
 bool UdsTraffic::Possession::isLost() const {

@@ -17,6 +17,15 @@ public:
     Link& link() const noexcept { return *link_; }
     const UdsTiming& timing() const noexcept { return timing_; }
 
+    // When tester present has to go to all that were sent to a session, whatever else is on the link: as things stood when
+    // the link was taken, and as they stand with the exchange on it. Never is the end of time.
+    Clock::Time dueForAll() const noexcept { return dueForAll_; }
+    Clock::Time dueForAll(const UdsExchange& exchange) const;
+    // Sends it. Throws as the link does.
+    void keepAllAlive();
+    // Something went to all of them.
+    void sentToAll(Clock::Time time);
+
     // Whether the communication was stopped meanwhile, which took this link away.
     bool isLost() const;
     // The exchange has ended; a broken link takes the channel down.
@@ -32,6 +41,7 @@ private:
     UdsTraffic& traffic_;
     std::shared_ptr<Link> link_;
     UdsTiming timing_;
+    const Clock::Time dueForAll_;
     bool held_ = true;
 };
 

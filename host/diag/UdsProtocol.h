@@ -1,6 +1,7 @@
 // What a channel has to know of the bytes of ISO 14229-1.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 
@@ -15,6 +16,9 @@ constexpr std::uint8_t positiveOffset = 0x40;
 constexpr std::uint8_t suppressPositive = 0x80;
 constexpr std::uint8_t responsePending = 0x78;
 constexpr std::uint8_t defaultSession = 0x01;
+
+// Nobody answers it.
+constexpr std::array<std::uint8_t, 2> quietTesterPresent{testerPresent, suppressPositive};
 
 // Whether the second byte of such a request is a subfunction, whose highest bit suppresses the positive response.
 bool hasSubfunction(std::uint8_t service) noexcept;

@@ -1,4 +1,4 @@
-// In which session a control unit is, as far as the channel to it has seen.
+// In which sessions control units are, as far as the channel to them has seen.
 #include "diag/UdsSession.h"
 
 #include "diag/UdsProtocol.h"
@@ -9,45 +9,62 @@ namespace velkotx::host {
 
 namespace {
 
-// The first positive response, whose times hold.
-const ReceivedPdu* positive(const UdsOutcome& outcome) {
-    const auto found = std::find_if(outcome.responses.begin(), outcome.responses.end(), [](const ReceivedPdu& response) {
-        return response.bytes[0] != uds::negativeResponse;
-    });
-    return found == outcome.responses.end() ? nullptr : &*found;
+bool isPositive(const ReceivedPdu& response) { return response.bytes[0] != uds::negativeResponse; }
+
+std::uint8_t subfunction(const UdsRequest& request) {
+    return static_cast<std::uint8_t>(request.bytes[1] & ~uds::suppressPositive);
 }
 
 }  // namespace
 
+bool UdsSession::opensForAll(const UdsRequest& request) noexcept {
+    return request.functional && request.bytes.size() > 1 && request.bytes[0] == uds::sessionControl &&
+           subfunction(request) != uds::defaultSession;
+}
+
 void UdsSession::observe(const UdsRequest& request, const UdsOutcome& outcome) {
     if (request.bytes.size() < 2)
         return;
-    if (outcome.end != UdsOutcome::End::Suppressed && positive(outcome) == nullptr)
+    if (outcome.end != UdsOutcome::End::Suppressed &&
+        std::none_of(outcome.responses.begin(), outcome.responses.end(), isPositive))
         return;
     if (request.bytes[0] == uds::sessionControl)
         enter(request, outcome);
     else if (request.bytes[0] == uds::reset)
-        forget();
+        leave(request);
 }
 
-bool UdsSession::needsTesterPresent() const noexcept { return session_ != uds::defaultSession; }
+bool UdsSession::needsTesterPresent() const noexcept { return own_.isOpen() || isFunctional(); }
 
 UdsTiming UdsSession::stretched(UdsTiming timing) const {
-    timing.p2 = std::max(timing.p2, p2_);
-    timing.p2Star = std::max(timing.p2Star, p2Star_);
+    timing.p2 = std::max({timing.p2, own_.p2, ofAll_.p2});
+    timing.p2Star = std::max({timing.p2Star, own_.p2Star, ofAll_.p2Star});
     return timing;
 }
 
+bool UdsSession::Entered::isOpen() const noexcept { return session != uds::defaultSession; }
+
 void UdsSession::enter(const UdsRequest& request, const UdsOutcome& outcome) {
-    forget();
-    session_ = static_cast<std::uint8_t>(request.bytes[1] & ~uds::suppressPositive);
-    functional_ = request.functional;
-    const ReceivedPdu* const response = positive(outcome);
-    if (response == nullptr || response->bytes.size() < 6)
-        return;
-    const auto number = [&](std::size_t at) { return response->bytes[at] * 256 + response->bytes[at + 1]; };
-    p2_ = std::chrono::milliseconds(number(2));
-    p2Star_ = std::chrono::milliseconds(10 * number(4));
+    if (subfunction(request) == uds::defaultSession)
+        leave(request);
+    Entered& entered = request.functional ? ofAll_ : own_;
+    entered = Entered();
+    entered.session = subfunction(request);
+    for (const ReceivedPdu& response : outcome.responses) {
+        if (!isPositive(response) || response.bytes.size() < 6)
+            continue;
+        const auto number = [&](std::size_t at) { return response.bytes[at] * 256 + response.bytes[at + 1]; };
+        // Any of them may take as long as it announced.
+        entered.p2 = std::max<Clock::Duration>(entered.p2, std::chrono::milliseconds(number(2)));
+        entered.p2Star = std::max<Clock::Duration>(entered.p2Star, std::chrono::milliseconds(10 * number(4)));
+    }
+}
+
+void UdsSession::leave(const UdsRequest& request) {
+    own_ = Entered();
+    // What one control unit does takes no other one out of the session.
+    if (request.functional)
+        ofAll_ = Entered();
 }
 
 }  // namespace velkotx::host

@@ -5,7 +5,6 @@
 #include "rest/HostThread.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <exception>
 #include <optional>
@@ -118,20 +117,30 @@ bool UdsTraffic::keepsAlive() const {
     return state_ == UdsChannel::State::Open && session_.needsTesterPresent() && timing_.testerPresent.count() > 0;
 }
 
+// Traffic with one control unit keeps the session of that one.
+Clock::Time UdsTraffic::aliveDue() const {
+    if (!keepsAlive())
+        return Clock::Time::max();
+    return (session_.isFunctional() ? lastToAll_ : lastTraffic_) + timing_.testerPresent;
+}
+
 bool UdsTraffic::keepAlive(Lock& lock, Clock::Time now) {
-    if (!keepsAlive() || now < lastTraffic_ + timing_.testerPresent)
+    // Whoever waits itself does this itself.
+    if (waitsItself_ || now < aliveDue())
         return false;
     if (user_ != User::Nobody) {
-        // What is on the link keeps the session alive as well.
-        lastTraffic_ = now;
-        return false;
+        // What is on the link may keep the session alive as well.
+        awaitEndOfBurst(lock);
+        return true;
     }
     const bool functional = session_.isFunctional();
     Possession link(*this, lock, User::Burst);
-    static constexpr std::array<std::uint8_t, 2> request{uds::testerPresent, uds::suppressPositive};
     bool broken = false;
     try {
-        link.link().send(request, functional);
+        if (functional)
+            link.keepAllAlive();
+        else
+            link.link().send(uds::quietTesterPresent, false);
     } catch (const std::exception&) {
         broken = true;
     }
@@ -143,8 +152,8 @@ void UdsTraffic::rest(Lock& lock, Clock::Time now) {
     Clock::Time until = now + longestRest;
     for (const Timed& timed : timed_)
         until = std::min(until, timed.time);
-    if (keepsAlive())
-        until = std::min(until, lastTraffic_ + timing_.testerPresent);
+    if (!waitsItself_)
+        until = std::min(until, aliveDue());
     timesChanged_ = false;
     // Tester present brings no run on.
     std::optional<HostThread> idle;

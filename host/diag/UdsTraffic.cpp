@@ -143,18 +143,36 @@ void UdsTraffic::awaitEndOfBurst(Lock& lock) {
 bool UdsTraffic::run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience) {
     try {
         if (!begun)
-            exchange.begin(link.link(), clock_, link.timing());
-        if (!exchange.proceed(link.link(), clock_, patience))
-            return false;
+            begin(exchange, link);
+        const bool waits = patience == UdsExchange::Patience::Wait;
+        while (!exchange.proceed(link.link(), clock_, patience, waits ? link.dueForAll(exchange) : Clock::Time::max())) {
+            if (!waits)
+                return false;
+            // Whoever is waited for takes it without an answer, and the others would fall back meanwhile.
+            link.keepAllAlive();
+        }
         if (exchange.outcome().end == UdsOutcome::End::Closed)
             exchange.end(link.isLost() ? UdsOutcome::End::Stopped : UdsOutcome::End::Closed);
         link.release(exchange, false);
     } catch (const std::exception& failure) {
         const bool stopped = link.isLost();
-        exchange.end(stopped ? UdsOutcome::End::Stopped : UdsOutcome::End::LinkBroken, stopped ? "" : failure.what());
+        if (stopped || state() == UdsChannel::State::Closed)
+            exchange.end(stopped ? UdsOutcome::End::Stopped : UdsOutcome::End::Closed);
+        else
+            exchange.end(UdsOutcome::End::LinkBroken, failure.what());
         link.release(exchange, !stopped);
     }
     return true;
+}
+
+void UdsTraffic::begin(UdsExchange& exchange, Possession& link) {
+    const bool toAll = exchange.request().functional;
+    // Requests to one control unit that come one after the other leave the channel's thread no time to do it.
+    if (!toAll && link.dueForAll() != Clock::Time::max() && link.dueForAll() <= clock_.now())
+        link.keepAllAlive();
+    exchange.begin(link.link(), clock_, link.timing());
+    if (toAll)
+        link.sentToAll(exchange.sent());
 }
 
 UdsOutcome::End UdsTraffic::endBy(UdsChannel::State state) {
@@ -166,7 +184,8 @@ UdsOutcome::End UdsTraffic::endBy(UdsChannel::State state) {
 }
 
 void UdsTraffic::release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken) {
-    const bool keptAlive = keepsAlive();
+    // A thread that came while somebody waited itself left it to that one.
+    const bool keptAlive = keepsAlive() && !waitsItself_;
     user_ = User::Nobody;
     waitsItself_ = false;
     lastTraffic_ = now;

@@ -48,6 +48,7 @@ private:
 
     void awaitEndOfBurst(Lock& lock);
     void release(Lock& lock, const UdsExchange* exchange, Clock::Time now, bool broken);
+    void begin(UdsExchange& exchange, Possession& link);
     bool run(UdsExchange& exchange, Possession& link, bool begun, UdsExchange::Patience patience);
     // How a request ends that is made in that state, or runs into it.
     static UdsOutcome::End endBy(UdsChannel::State state);
@@ -65,6 +66,8 @@ private:
     void rest(Lock& lock, Clock::Time now);
     void tellOfEnd(Lock& lock, Clock::Time now);
     bool keepsAlive() const;
+    // When tester present has to be sent next; the end of time when none has to. Under the lock.
+    Clock::Time aliveDue() const;
 
     const std::shared_ptr<Transport> transport_;
     Clock& clock_;
@@ -89,6 +92,8 @@ private:
     std::vector<Timed> timed_;
     bool timesChanged_ = false;
     Clock::Time lastTraffic_{0};
+    // Of that only what went to all: it alone keeps the sessions of several control units.
+    Clock::Time lastToAll_{0};
 };
 
 }  // namespace velkotx::host

@@ -1,9 +1,5 @@
-// The channel: timing of UDS, the order of requests, sessions, and its end.
-#include "DiagFakes.h"
-
-#include "diag/UdsChannel.h"
-
-#include <gtest/gtest.h>
+// The channel: timing of UDS, the order of requests, and its end.
+#include "DiagUdsBench.h"
 
 #include <atomic>
 #include <thread>
@@ -12,86 +8,8 @@ namespace velkotx::host {
 namespace {
 
 using namespace testing;
-using End = UdsOutcome::End;
 
-class Client final : public UdsClient {
-public:
-    void completed(UdsOutcome&& outcome) override {
-        {
-            const std::lock_guard guard(lock_);
-            outcomes_.push_back(std::move(outcome));
-            thread_ = std::this_thread::get_id();
-        }
-        changed_.notify_all();
-    }
-    UdsOutcome await(std::size_t count = 1) {
-        std::unique_lock lock(lock_);
-        changed_.wait(lock, [&] { return outcomes_.size() >= count; });
-        return outcomes_[count - 1];
-    }
-    std::size_t count() {
-        const std::lock_guard guard(lock_);
-        return outcomes_.size();
-    }
-    std::thread::id thread() {
-        const std::lock_guard guard(lock_);
-        return thread_;
-    }
-
-private:
-    std::mutex lock_;
-    std::condition_variable changed_;
-    std::vector<UdsOutcome> outcomes_;
-    std::thread::id thread_;
-};
-
-class Timed final : public UdsTimed {
-public:
-    std::optional<Clock::Time> due(Clock::Time) override {
-        {
-            const std::lock_guard guard(lock_);
-            ++calls_;
-        }
-        changed_.notify_all();
-        return std::nullopt;
-    }
-    void await(int calls) {
-        std::unique_lock lock(lock_);
-        changed_.wait(lock, [&] { return calls_ >= calls; });
-    }
-
-private:
-    std::mutex lock_;
-    std::condition_variable changed_;
-    int calls_ = 0;
-};
-
-class DiagUdsChannel : public ::testing::Test {
-protected:
-    void SetUp() override { channel->start(); }
-
-    UdsOutcome execute(Pdu request, bool functional = false) {
-        const auto client = std::make_shared<Client>();
-        channel->submit({std::move(request), functional}, client);
-        return client->await();
-    }
-    void answer(std::vector<FakeAnswer> answers) {
-        network->handle([answers](const Pdu&, bool) { return answers; });
-    }
-    // Moves the time, and waits until the channel's thread has seen that.
-    void pass(Clock::Duration time) {
-        const auto timed = std::make_shared<Timed>();
-        EXPECT_TRUE(channel->schedule(network->clock.now() + time, timed));
-        network->clock.awaitWaiting(1);
-        network->clock.advance(time);
-        timed->await(1);
-        network->clock.awaitWaiting(1);
-    }
-
-    std::shared_ptr<FakeNetwork> network = std::make_shared<FakeNetwork>();
-    std::shared_ptr<UdsChannel> channel =
-        std::make_shared<UdsChannel>(std::make_shared<FakeTransport>(network), "Engine", nullptr);
-};
+class DiagUdsChannel : public UdsBench {};
 
 TEST_F(DiagUdsChannel, AnswersAtOnceOnTheCallersThread) {
     answer({{{0x62, 0xF1, 0x90, 0x41}}});
@@ -238,123 +156,9 @@ TEST_F(DiagUdsChannel, FunctionalRequestEndsWithP2) {
     EXPECT_EQ(execute({0x22, 0x00, 0x01}, true).end, End::Silent);
 }
 
-TEST_F(DiagUdsChannel, KeepsASessionAlive) {
-    answer({{{0x50, 0x03, 0x00, 0x32, 0x01, 0xF4}}});
-    execute({0x10, 0x03});
-    answer({});
-    pass(1999ms);
-    EXPECT_EQ(network->sent().size(), 1u);
-    pass(1ms);
-    ASSERT_EQ(network->sent().size(), 2u);
-    EXPECT_EQ(network->sent()[1], (Pdu{0x3E, 0x80}));
-    pass(2s);
-    EXPECT_EQ(network->sent().size(), 3u);
-}
-
-// All that were sent there have to stay.
-TEST_F(DiagUdsChannel, KeepsAFunctionalSessionAliveFunctionally) {
-    answer({{{0x50, 0x03, 0x00, 0x32, 0x01, 0xF4}, 0ms, "Engine"}, {{0x50, 0x03, 0x00, 0x32, 0x01, 0xF4}, 0ms, "Body"}});
-    execute({0x10, 0x03}, true);
-    answer({});
-    pass(2s);
-    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
-    EXPECT_TRUE(network->functional().back());
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    pass(2s);
-    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
-    EXPECT_FALSE(network->functional().back());
-}
-
-TEST_F(DiagUdsChannel, TrafficKeepsASessionAliveItself) {
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    pass(1500ms);
-    answer({{{0x62, 0x00, 0x01}}});
-    execute({0x22, 0x00, 0x01});
-    pass(1500ms);
-    EXPECT_EQ(network->sent().size(), 2u);
-}
-
-TEST_F(DiagUdsChannel, SendsNoTesterPresentOutsideOfSessions) {
-    pass(10s);
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    answer({{{0x50, 0x01}}});
-    execute({0x10, 0x01});
-    pass(10s);
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    answer({{{0x51, 0x01}}});
-    execute({0x11, 0x01});
-    pass(10s);
-    answer({{{0x7F, 0x10, 0x22}}});
-    execute({0x10, 0x03});
-    pass(10s);
-    EXPECT_EQ(network->sent().size(), 5u);
-}
-
-TEST_F(DiagUdsChannel, TesterPresentCanBeTurnedOff) {
-    UdsTiming timing;
-    timing.testerPresent = 0ms;
-    channel->setTiming(timing);
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    pass(10s);
-    EXPECT_EQ(network->sent().size(), 1u);
-    timing.testerPresent = 1s;
-    channel->setTiming(timing);
-    pass(1s);
-    EXPECT_GE(network->sent().size(), 2u);
-}
-
-// Nothing but the session asks for the thread here.
-TEST_F(DiagUdsChannel, ASessionBringsTheThreadThatKeepsItAlive) {
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    network->clock.awaitWaiting(1);
-    network->clock.advance(2s);
-    network->awaitSent(2);
-    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
-}
-
-TEST_F(DiagUdsChannel, TesterPresentThatIsTurnedOnBringsTheThread) {
-    UdsTiming timing;
-    timing.testerPresent = 0ms;
-    channel->setTiming(timing);
-    answer({{{0x50, 0x03}}});
-    execute({0x10, 0x03});
-    EXPECT_FALSE(network->clock.advanceToNextWait());
-    timing.testerPresent = 1s;
-    channel->setTiming(timing);
-    network->clock.awaitWaiting(1);
-    network->clock.advance(1s);
-    network->awaitSent(2);
-}
-
 TEST_F(DiagUdsChannel, NothingIsScheduledOnAClosedChannel) {
     channel->close();
     EXPECT_FALSE(channel->schedule(network->clock.now(), std::make_shared<Timed>()));
-}
-
-TEST_F(DiagUdsChannel, SuppressedSessionChangeCounts) {
-    EXPECT_EQ(execute({0x10, 0x83}).end, End::Suppressed);
-    pass(2s);
-    EXPECT_EQ(network->sent().back(), (Pdu{0x3E, 0x80}));
-}
-
-TEST_F(DiagUdsChannel, AnnouncedTimesLengthenItsOwn) {
-    // P2 200 ms, P2* 60 s.
-    answer({{{0x50, 0x03, 0x00, 0xC8, 0x17, 0x70}}});
-    execute({0x10, 0x03});
-    answer({{{0x7E, 0x00}, 199ms}});
-    EXPECT_EQ(execute({0x3E, 0x00}).end, End::Answered);
-    answer({{{0x7F, 0x3E, 0x78}, 10ms}, {{0x7E, 0x00}, 20s}});
-    EXPECT_EQ(execute({0x3E, 0x00}).end, End::Answered);
-    answer({{{0x50, 0x01, 0x00, 0x01, 0x00, 0x01}}});
-    execute({0x10, 0x01});
-    answer({{{0x7E, 0x00}, 49ms}});
-    EXPECT_EQ(execute({0x3E, 0x00}).end, End::Answered);
 }
 
 TEST_F(DiagUdsChannel, OneRequestAtATimeInTheirOrder) {

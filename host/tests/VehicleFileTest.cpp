@@ -68,6 +68,14 @@ TEST(VehicleFiles, MistakesOfControlUnits) {
         {"[\"extended\", \"programming\"]", "[]", "expected at least one session"},
         {"\"p2\": 25", "\"p2\": -1", "/controlUnits/0/sessions/2/p2: expected a time in milliseconds"},
         {"\"p2\": 25", "\"p2\": 70000", "p2 is at most 65535 milliseconds"},
+        {"\"p2\": 25", "\"p2\": 0.5", "/controlUnits/0/sessions/2: p2 is told in whole milliseconds"},
+        {"\"p2Star\": 2000", "\"p2Star\": 2005", "/controlUnits/0/sessions/2: p2Star is told in steps of 10 milliseconds"},
+        {"\"seed\": \"11 22\"", "\"seed\": \"00 00\"", "/controlUnits/0/securities/0: a seed of zeros tells that the level is unlocked already"},
+        {"\"service\": \"0x28\"", "\"service\": \"0x99\"", "/controlUnits/0/access/4/service: the simulation has no such service"},
+        {"\"service\": \"0x14\"", "\"service\": \"0x14\", \"subfunction\": 1", "/controlUnits/0/access/2: the service has no subfunctions"},
+        {"\"subfunction\": 10", "\"subfunction\": 11", "/controlUnits/0/access/3: the service has no such subfunction"},
+        {"\"subfunction\": 2", "\"subfunction\": 3", "/controlUnits/0/access/1: another one before it has the same service and subfunction"},
+        {"\"effect\": \"checkCrc32\", \"optionLength\": 4", "\"effect\": \"checkCrc32\", \"optionLength\": 3", "/controlUnits/0/routines/1/optionLength: the CRC-32 in the option record has 4 bytes"},
         {"\"level\": 1", "\"level\": 2", "the level is that of requestSeed: odd"},
         {"\"level\": 3", "\"level\": 1", "/controlUnits/0/securities/1: another one before it has the same level"},
         {"\"algorithm\": \"xor\"", "\"algorithm\": \"rot13\"", "unknown algorithm \"rot13\""},
@@ -147,6 +155,12 @@ TEST(VehicleFiles, MistakesOfServices) {
         {R"({ "name": "A", "default": 9223372036854775808 })", "an integer of more than 64 bits"},
         {R"({ "name": "A", "coding": "bytes", "default": "0" })", "expected bytes, two hexadecimal digits each"},
         {R"({ "name": "A", "minimum": 2, "maximum": 1 })", "the minimum is above the maximum"},
+        {R"({ "name": "A", "minimum": 300 })", "/parameters/0: no value of 8 bits lies within its limits"},
+        {R"({ "name": "A", "maximum": -1 })", "no value of 8 bits lies within its limits"},
+        {R"({ "name": "A", "coding": "signed", "minimum": 128 })", "no value of 8 bits lies within its limits"},
+        {R"({ "name": "A", "coding": "bcd", "minimum": 100 })", "no value of 8 bits lies within its limits"},
+        {R"({ "name": "A", "factor": -0.5, "minimum": 1 })", "no value of 8 bits lies within its limits"},
+        {R"({ "name": "A", "default": 1, "constant": 2 })", "/default: the \"constant\" stands there, and nothing else is ever sent"},
         {R"({ "name": "A", "byte": 0 })", "lies in the message's prefix"},
         {R"({ "name": "A", "fields": [] })", "expected at least one field"},
         {R"({ "name": "A", "count": "rest", "fields": [] })", "expected at least one field"},
@@ -195,6 +209,54 @@ TEST(VehicleFiles, MistakesOfResponses) {
                   "/positive/0/parameters/0/constant: parameter 'A': 256 doesn't fit into 8 bits");
 }
 
+TEST(VehicleFiles, ResponsesThatAreNeverChosen) {
+    const auto service = [](const std::string& first, const std::string& second) {
+        return unitWith(R"("services": [{ "name": "S", "request": { "prefix": "22" }, "positive": [)" + first + ", " + second + "] }]");
+    };
+    expectMistake(service(R"({ "name": "P", "prefix": "62" })", R"({ "name": "Q", "prefix": "62 01" })"),
+                  "/positive/1: never chosen: all that fits it fits the response \"P\" before it");
+    const std::pair<const char*, const char*> right[] = {
+        {R"({ "name": "P", "prefix": "62 01" })", R"({ "name": "Q", "prefix": "62" })"},
+        {R"({ "name": "P", "prefix": "62", "parameters": [{ "name": "F", "fields": [{ "name": "A", "constant": 1 }] }] })",
+         R"({ "name": "Q", "prefix": "62 01" })"},
+    };
+    for (const auto& [first, second] : right)
+        EXPECT_EQ(mistakesOf(service(first, second)), std::vector<std::string>()) << first;
+}
+
+TEST(VehicleFiles, MistakesOfGroups) {
+    const std::string unit = R"(, "controlUnits": [{ "name": "U", "requestAddress": 1, "responseAddress": 2, "groups": ["G"] }] })";
+    const auto groups = [&](const std::string& list) { return R"({ "name": "V", "groups": [)" + list + "]" + unit; };
+    const std::string group = R"({ "name": "G", "address": 9 })";
+    EXPECT_EQ(mistakesOf(groups(group)), std::vector<std::string>());
+    expectMistake(groups(group + R"(, { "name": "H", "address": 9 })"), "/groups/1: another one before it has the same address");
+    expectMistake(groups(group + R"(, { "name": "H", "address": 1 })"), "/groups/1: the control unit \"U\" has the same address");
+    expectMistake(replaced(groups(group), R"(["G"])", R"(["G", "G"])"),
+                  "/controlUnits/0/groups/1: another one before it has the same name");
+}
+
+TEST(VehicleFiles, FunctionalServicesNeedAGroup) {
+    const std::string service = R"("services": [{ "name": "S", "functional": true, "request": { "prefix": "3E 00" } }])";
+    expectMistake(unitWith(service), "/controlUnits/0/services/0: functional, but the control unit is in no group");
+    expectMistake(unitWith(R"("variants": [{ "name": "W", )" + service + "}]"),
+                  "/controlUnits/0/variants/0/services/0: functional, but the control unit is in no group");
+    // Those of the vehicle are for the control units that can use them.
+    EXPECT_EQ(mistakesOf(replaced(unitWith("\"resetTime\": 0"), "\"controlUnits\"", service + ", \"controlUnits\"")),
+              std::vector<std::string>());
+}
+
+TEST(VehicleFiles, SegmentsThatARequestCantCarry) {
+    const auto block = [](const std::string& rest) {
+        return replaced(unitWith("\"resetTime\": 0"), "\"controlUnits\"",
+                        R"("flashSessions": [{ "id": "F", "blocks": [{ "id": "B", "segments": [{ "startAddress": 256, "data": "01", "uncompressedSize": 65536 }], )" +
+                            rest + R"( }] }], "controlUnits")");
+    };
+    const std::string segment = "/flashSessions/0/blocks/0/segments/0: ";
+    expectMistake(block(R"("addressLength": 1)"), segment + "the startAddress doesn't fit into an addressLength of 1 byte");
+    expectMistake(block(R"("sizeLength": 2)"), segment + "the size doesn't fit into a sizeLength of 2 bytes");
+    EXPECT_EQ(mistakesOf(block(R"("addressLength": 2, "sizeLength": 3)")), std::vector<std::string>());
+}
+
 TEST(VehicleFiles, MistakesOfVariants) {
     expectMistake(unitWith(R"("variants": [{ "name": "V" }, { "name": "W", "matches": [{ "dataIdentifier": 9, "bytes": "00" }] }])"),
                   "/variants/0: only the last variant can be without \"matches\"");
@@ -237,7 +299,10 @@ TEST(VehicleFiles, NothingIsToldTwice) {
                                    R"("services": [{ "name": "S", "request": { "prefix": "22", "parameters": 7 } }])",
                                    R"("services": [{ "name": "S", "request": { "prefix": "22", "parameters": [{ "name": "A", "fields": 7 }] } }])",
                                    R"("services": [{ "name": "S", "request": { "prefix": "22" }, "negative": [{ "prefix": "ZZ" }] }])",
-                                   R"("dataIdentifiers": [{ "id": 1, "data": { "ascii": 7 } }])"})
+                                   R"("dataIdentifiers": [{ "id": 1, "data": { "ascii": 7 } }])",
+                                   R"("groups": "All", "services": [{ "name": "S", "functional": true, "request": { "prefix": "22" } }])",
+                                   R"("access": [{ "service": "0x99", "subfunction": 1 }])",
+                                   R"("sessions": 7, "access": [{ "service": "0x10", "subfunction": 3 }])"})
         EXPECT_EQ(mistakesOf(unitWith(part)).size(), 1U) << part;
 }
 
@@ -245,7 +310,10 @@ TEST(VehicleFiles, OddThingsThatAreNoMistake) {
     for (const char* const part : {R"("variants": [{ "name": "W", "matches": [{ "dataIdentifier": 9, "bytes": "00" }] }, { "name": "V" }])",
                                    R"("services": [{ "name": "S", "request": { "prefix": "22", "parameters": [
                                        { "name": "A", "texts": { "1": "on", "3": "on" } },
-                                       { "name": "B", "byte": 2, "bits": 4 }, { "name": "C", "byte": 2, "bit": 4, "bits": 4 }] } }])"})
+                                       { "name": "D", "byte": 3, "unit": "steps", "minimum": 255.4, "maximum": 300 },
+                                       { "name": "B", "byte": 2, "bits": 4 }, { "name": "C", "byte": 2, "bit": 4, "bits": 4 }] } }])",
+                                   R"("statusAvailability": 8, "troubleCodes": [{ "code": 1, "status": 9 }])",
+                                   R"("access": [{ "service": "0x2E", "supported": false }, { "service": "0x10", "subfunction": 1 }])"})
         EXPECT_EQ(mistakesOf(unitWith(part)), std::vector<std::string>()) << part;
 }
 

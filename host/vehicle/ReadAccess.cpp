@@ -2,6 +2,7 @@
 #include "vehicle/ReadParts.h"
 
 #include "vehicle/SeedKey.h"
+#include "vehicle/ServiceTable.h"
 
 #include <algorithm>
 
@@ -23,6 +24,11 @@ bool readJson(const JsonPlace& place, SessionDescription& target) {
         in.place().mistake("p2 is at most 65535 milliseconds");
     if (target.p2Star.count() > 655350 * 1000)
         in.place().mistake("p2Star is at most 655350 milliseconds");
+    // They are announced in such steps (ISO 14229-1), and what is announced has to be what holds.
+    if (target.p2 % std::chrono::milliseconds(1) != Clock::Duration::zero())
+        in.place().mistake("p2 is told in whole milliseconds");
+    if (target.p2Star % std::chrono::milliseconds(10) != Clock::Duration::zero())
+        in.place().mistake("p2Star is told in steps of 10 milliseconds");
     in.finish();
     return true;
 }
@@ -53,8 +59,11 @@ bool readJson(const JsonPlace& place, SecurityDescription& target) {
         place.mistake("the level is that of requestSeed: odd, from 1 to 0x7D");
     if (target.seedLength == 0 || target.seedLength > 255)
         place.mistake("a seed has 1 to 255 bytes");
-    if (!target.seed.empty())
+    if (!target.seed.empty()) {
         target.seedLength = target.seed.size();
+        if (std::all_of(target.seed.begin(), target.seed.end(), [](std::uint8_t byte) { return byte == 0; }))
+            place.mistake("a seed of zeros tells that the level is unlocked already");
+    }
     if (target.attempts == 0)
         place.mistake("expected at least one attempt");
     checkKey(place, target);
@@ -158,7 +167,9 @@ void readCondition(ObjectReader& in, AccessCondition& target) {
 
 bool readJson(const JsonPlace& place, ServiceAccess& target) {
     ObjectReader in(place);
-    in.required("service", target.service);
+    const auto service = in.require("service");
+    if (service && readJson(*service, target.service) && findKnownService(target.service) == nullptr)
+        service->mistake("the simulation has no such service");
     in.optional("subfunction", target.subfunction);
     in.optional("supported", target.supported);
     readCondition(in, target.condition);

@@ -103,6 +103,8 @@ bool readJson(const JsonPlace& place, RoutineDescription& target) {
     in.optional("memory", target.memory);
     if (target.effect == RoutineEffect::EraseMemory && target.memory.empty())
         place.mistake("which \"memory\" does it erase?");
+    if (target.effect == RoutineEffect::CheckCrc32 && target.optionLength && *target.optionLength < 4)
+        in.find("optionLength")->mistake("the CRC-32 in the option record has 4 bytes");
     in.finish();
     return true;
 }

@@ -126,13 +126,18 @@ void readControlUnit(const JsonPlace& place, const ControlUnitDescription& commo
     in.name(target.name);
     in.required("requestAddress", target.requestAddress);
     in.required("responseAddress", target.responseAddress);
-    in.optional("groups", target.groups);
+    readUniqueList(in, "groups", target.groups, [](const auto& group) { return group; }, "name");
+    const std::size_t mistakes = place.context().mistakes.size();
     readSessions(in, target.sessions);
     readSecurities(in, target.securities);
+    const bool subfunctionsKnown = place.context().mistakes.size() == mistakes;
     readBehaviour(in, target);
+    if (subfunctionsKnown)
+        checkAccess(in, target);
     readComParameters(in, target.comParameters);
     readUniqueList(in, "services", target.services, [](const auto& item) { return item.name; }, "name");
     readUniqueList(in, "variants", target.variants, [](const auto& item) { return item.name; }, "name");
+    checkFunctional(in, target);
     addCommon(common.comParameters, target.comParameters);
     addCommon(common.services, target.services);
     checkVariants(in, target);

@@ -60,6 +60,25 @@ void readNumberLength(ObjectReader& in, const char* key, unsigned& target) {
         place->mistake("expected 1 to 8 bytes");
 }
 
+bool fitsBytes(std::uint64_t number, unsigned bytes) {
+    return bytes == 0 || bytes >= 8 || number >> (8 * bytes) == 0;
+}
+
+// What a download request couldn't carry.
+void checkSegments(ObjectReader& in, const FlashBlockDescription& block) {
+    const auto list = in.find("segments");
+    if (!list || !list->is(JsonNode::Kind::List))
+        return;
+    const auto places = list->items();
+    const auto inBytes = [](unsigned bytes) { return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes"); };
+    for (std::size_t index = 0; index < block.segments.size(); ++index) {
+        if (!fitsBytes(block.segments[index].startAddress, block.addressLength))
+            places[index].mistake("the startAddress doesn't fit into an addressLength of " + inBytes(block.addressLength));
+        if (!fitsBytes(block.segments[index].uncompressedSize, block.sizeLength))
+            places[index].mistake("the size doesn't fit into a sizeLength of " + inBytes(block.sizeLength));
+    }
+}
+
 // The index that it brings is its place in the session, which holds unless the file tells another.
 bool readBlock(const JsonPlace& place, FlashBlockDescription& target) {
     ObjectReader in(place);
@@ -73,6 +92,7 @@ bool readBlock(const JsonPlace& place, FlashBlockDescription& target) {
     readMethod(in, target.compressionEncryption);
     in.require("segments");
     readList(in, "segments", target.segments);
+    checkSegments(in, target);
     readList(in, "ownIdents", target.ownIdents);
     readList(in, "securities", target.securities);
     for (FlashSegmentDescription& segment : target.segments)

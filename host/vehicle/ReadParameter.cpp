@@ -216,8 +216,12 @@ void readSimple(ObjectReader& in, ParameterDescription& target) {
     in.optional("maximum", target.maximum);
     if (target.minimum && target.maximum && *target.minimum > *target.maximum)
         in.place().mistake("the minimum is above the maximum");
+    else if (in.place().context().mistakes.size() == known)
+        checkLimits(in.place(), target);
     readValueOf(in, "default", target, known, target.defaultValue);
     readValueOf(in, "constant", target, known, target.constant);
+    if (in.has("default") && in.has("constant"))
+        in.find("default")->mistake("the \"constant\" stands there, and nothing else is ever sent");
 }
 
 void readComplex(ObjectReader& in, ParameterDescription& target) {

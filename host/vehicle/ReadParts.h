@@ -56,6 +56,16 @@ void checkLayout(const JsonPlace& parameters, const MessageDescription& message)
 // is no mistake: bits may be seen in several ways. Only for a request without other mistakes.
 void checkOverlap(const JsonPlace& request, const MessageDescription& message);
 
+// Notes rules of access that nothing can meet: for a subfunction that the service doesn't have, or behind another one for the
+// same. Sessions and security levels are subfunctions; without mistakes in them only.
+void checkAccess(ObjectReader& unit, const ControlUnitDescription& description);
+
+// Notes functional services, its own and those of its variants, of a control unit that is in no group: nobody would answer.
+void checkFunctional(ObjectReader& unit, const ControlUnitDescription& description);
+
+// Notes limits between which no value of the parameter's coding lies.
+void checkLimits(const JsonPlace& place, const ParameterDescription& parameter);
+
 // Notes a default or constant that can't be coded: the same value would be refused when it is sent.
 void checkValue(const JsonPlace& place, const PlainValue& value, const ParameterDescription& parameter);
 

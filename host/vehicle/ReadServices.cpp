@@ -3,6 +3,7 @@
 
 #include "diag/UdsText.h"
 
+#include <algorithm>
 #include <span>
 
 namespace velkotx::host {
@@ -39,11 +40,18 @@ void checkService(const JsonPlace& place, const MessageDescription& request, con
                       (at == 0 ? "" : "7F ") + hexText(std::span(&wanted, 1)));
 }
 
+// Whether every answer that one of them could describe is taken by another in front of it.
+bool hides(const MessageDescription& before, const MessageDescription& message) {
+    return !hasConstants(before.parameters) && before.prefix.size() <= message.prefix.size() &&
+           std::equal(before.prefix.begin(), before.prefix.end(), message.prefix.begin());
+}
+
 void readResponses(ObjectReader& in, const char* key, bool negative, const MessageDescription& request,
                    std::vector<MessageDescription>& target) {
     const auto list = in.find(key);
     if (!list)
         return;
+    std::vector<std::size_t> sound;  // which of them have no mistake
     for (const JsonPlace& place : list->items()) {
         const std::size_t mistakes = place.context().mistakes.size();
         MessageDescription& response = target.emplace_back();
@@ -56,6 +64,13 @@ void readResponses(ObjectReader& in, const char* key, bool negative, const Messa
                                    : "a positive response can't begin with 7F");
         else
             checkService(place, request, response);
+        if (place.context().mistakes.size() != mistakes)
+            continue;
+        const auto hiding = std::find_if(sound.begin(), sound.end(),
+                                         [&](std::size_t before) { return hides(target[before], response); });
+        if (hiding != sound.end())
+            place.mistake("never chosen: all that fits it fits the response \"" + target[*hiding].name + "\" before it");
+        sound.push_back(target.size() - 1);
     }
     expectUnique(*list, target, [](const MessageDescription& message) { return message.name; }, "name");
 }

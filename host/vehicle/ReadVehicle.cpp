@@ -15,6 +15,19 @@ namespace {
 
 constexpr std::uint64_t largestFile = 16U << 20U;
 
+// Who listens to an address listens to all that is sent to it.
+void checkGroupAddresses(ObjectReader& in, const VehicleDescription& vehicle) {
+    const auto list = in.find("groups");
+    if (!list || !list->is(JsonNode::Kind::List))
+        return;
+    const auto places = list->items();
+    expectUnique(*list, vehicle.groups, [](const auto& group) { return group.address; }, "address");
+    for (std::size_t index = 0; index < vehicle.groups.size(); ++index)
+        for (const ControlUnitDescription& unit : vehicle.controlUnits)
+            if (unit.requestAddress == vehicle.groups[index].address)
+                places[index].mistake("the control unit \"" + unit.name + "\" has the same address");
+}
+
 // A unit's and a group's name are both what a link is opened by.
 void checkNames(ObjectReader& in, const VehicleDescription& vehicle) {
     const auto units = in.find("controlUnits");
@@ -136,6 +149,7 @@ void readWhole(const JsonPlace& place, VehicleDescription& target) {
     readUniqueList(in, "comInterfaces", target.comInterfaces, [](const auto& item) { return item.name; }, "name");
     in.optional("defaultComInterface", target.defaultComInterface);
     checkNames(in, target);
+    checkGroupAddresses(in, target);
     checkFlash(in, target);
     checkDefaultInterface(in, target);
     in.finish();

@@ -1,6 +1,7 @@
 // What a diagnostic service looks like: its names, and how the parameters of its messages lie in PDUs. Plain data.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstddef>
 #include <optional>
@@ -91,6 +92,13 @@ struct ParameterDescription {
 
     std::vector<ParameterDescription> fields;  // of Structure and Repeated
 };
+
+// Whether one of them, or of their fields, has a constant.
+inline bool hasConstants(const std::vector<ParameterDescription>& parameters) {
+    return std::any_of(parameters.begin(), parameters.end(), [](const ParameterDescription& parameter) {
+        return !std::holds_alternative<std::monostate>(parameter.constant) || hasConstants(parameter.fields);
+    });
+}
 
 // A request or a response. A response is the first of its service's whose prefix and constants fit.
 struct MessageDescription {

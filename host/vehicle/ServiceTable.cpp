@@ -85,11 +85,16 @@ constexpr std::array table{
 
 }  // namespace
 
-const ServiceEntry* findService(const ControlUnitDescription& unit, std::uint8_t id) {
+const ServiceEntry* findKnownService(std::uint8_t id) {
     for (const ServiceEntry& entry : table)
         if (entry.id == id)
-            return entry.offered(unit) ? &entry : nullptr;
+            return &entry;
     return nullptr;
+}
+
+const ServiceEntry* findService(const ControlUnitDescription& unit, std::uint8_t id) {
+    const ServiceEntry* const entry = findKnownService(id);
+    return entry != nullptr && entry->offered(unit) ? entry : nullptr;
 }
 
 }  // namespace velkotx::host

@@ -18,6 +18,8 @@ struct ServiceEntry {
     bool (*hasSubfunction)(const ControlUnitDescription&, std::uint8_t subfunction);
 };
 
+// The service with that identifier, whether or not a control unit has it, or nullptr.
+const ServiceEntry* findKnownService(std::uint8_t id);
 // The service of the control unit with that identifier, or nullptr.
 const ServiceEntry* findService(const ControlUnitDescription& unit, std::uint8_t id);
 

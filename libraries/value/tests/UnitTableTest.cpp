@@ -120,7 +120,7 @@ TEST_F(UnitTable, HasTheWordsOfUdunits) {
     for (const otx::UnitWord& word : otx::unitWords()) {
         const auto found = otx::findUnit(word.word);
         ASSERT_TRUE(found) << word.word;
-        // These are no words over there, or other ones.
+        // These are no words over there, or other ones; UnitWordTest.cpp has them.
         const std::string_view others[] = {"rpm",   "mph",        "kph",        "mpg",   "byte",
                                            "bit",   "revolution", "horsepower", "ounce", "gallon",
                                            "quart", "pint",       "inches",     "feet",  "amp"};
