@@ -1,8 +1,10 @@
 // The line that somebody is typing.
 #include "operator/LineEditor.h"
 
+#include "text/Columns.h"
 #include "text/Utf8.h"
 
+#include <string_view>
 #include <utility>
 
 namespace velkotx::host {
@@ -10,7 +12,7 @@ namespace velkotx::host {
 namespace {
 
 constexpr const char* bell = "\a";
-constexpr const char* back = "\b \b";
+constexpr char back = '\b';
 
 constexpr unsigned char ctrlD = 0x04;
 constexpr unsigned char backspace = 0x08;
@@ -20,6 +22,24 @@ constexpr unsigned char ctrlW = 0x17;
 constexpr unsigned char escape = 0x1B;
 constexpr unsigned char blank = 0x20;
 constexpr unsigned char erase = 0x7F;
+
+std::size_t lastCharacter(std::string_view text) {
+    std::size_t begin = text.size() - 1;
+    while (begin > 0 && isRestOfUtf8(static_cast<unsigned char>(text[begin])))
+        --begin;
+    return begin;
+}
+
+// The last character that has columns, with the marks on it; empty where none has.
+std::string_view lastBearer(std::string_view text) {
+    for (std::size_t end = text.size(); end > 0;) {
+        const std::size_t begin = lastCharacter(text.substr(0, end));
+        if (columnsOf(text.substr(begin)) > 0)
+            return text.substr(begin);
+        end = begin;
+    }
+    return {};
+}
 
 }  // namespace
 
@@ -47,7 +67,7 @@ LineEditor::Typed LineEditor::control(unsigned char byte) {
         case backspace:
         case erase: return {Key::none, eraseLast()};
         case tabulator: return append(" ");
-        case ctrlU: return {Key::none, eraseAll()};
+        case ctrlU: return {Key::none, eraseFrom(0)};
         case ctrlW: return {Key::none, eraseWord()};
         case ctrlD: return text_.empty() ? Typed{Key::end, {}} : Typed{Key::none, bell};
         default: return {Key::none, bell};
@@ -72,28 +92,27 @@ LineEditor::Typed LineEditor::append(const std::string& character) {
 }
 
 std::string LineEditor::eraseLast() {
-    if (text_.empty())
-        return {};
-    while (text_.size() > 1 && isRestOfUtf8(static_cast<unsigned char>(text_.back())))
-        text_.pop_back();
-    text_.pop_back();
-    return back;
+    return text_.empty() ? std::string() : eraseFrom(lastCharacter(text_));
 }
 
 std::string LineEditor::eraseWord() {
-    std::string echo;
-    while (!text_.empty() && text_.back() == ' ')
-        echo += eraseLast();
-    while (!text_.empty() && text_.back() != ' ')
-        echo += eraseLast();
-    return echo;
+    const std::size_t last = text_.find_last_not_of(' ');
+    const std::size_t before = last == std::string::npos ? last : text_.find_last_of(' ', last);
+    return eraseFrom(before == std::string::npos ? 0 : before + 1);
 }
 
-std::string LineEditor::eraseAll() {
-    std::string echo;
-    while (!text_.empty())
-        echo += eraseLast();
-    return echo;
+// A mark that goes stands on a character that may stay, which is written again without it.
+std::string LineEditor::eraseFrom(std::size_t begin) {
+    const std::string erased = text_.substr(begin);
+    text_.erase(begin);
+    std::size_t columns = 0;
+    for (std::size_t at = 0; at < erased.size(); at += sizeOfUtf8(static_cast<unsigned char>(erased[at])))
+        columns += columnsOf(std::string_view(erased).substr(at));
+    const std::string echo = std::string(columns, back) + std::string(columns, ' ') + std::string(columns, back);
+    const std::string_view bearer = lastBearer(text_);
+    if (bearer.empty() || columnsOf(erased) > 0)
+        return echo;
+    return echo + std::string(columnsOf(bearer), back) + std::string(bearer);
 }
 
 // "ESC [ ... letter", "ESC O letter", "ESC letter".

@@ -8,8 +8,8 @@ namespace velkotx::host {
 
 // Takes what a terminal sends, byte by byte, and gives what it has to show for it. Knows the keys that a terminal's own line
 // editing knows: backspace, Ctrl-U (the line), Ctrl-W (a word), Ctrl-D. What is no UTF-8, no text, or too much rings the bell
-// and counts for nothing; arrows and other keys of several bytes count for nothing. No thread may change it; it isn't bound to
-// any.
+// and counts for nothing; arrows and other keys of several bytes count for nothing. What is erased takes its columns from the
+// screen, within one row. No thread may change it; it isn't bound to any.
 class LineEditor {
 public:
     static constexpr std::size_t longest = 65536;  // bytes
@@ -35,7 +35,7 @@ private:
     Typed append(const std::string& character);
     std::string eraseLast();
     std::string eraseWord();
-    std::string eraseAll();
+    std::string eraseFrom(std::size_t begin);
     bool swallows(unsigned char byte);
 
     enum class Escape { none, begun, sequence, single } escape_ = Escape::none;

@@ -3,6 +3,7 @@
 
 #include "operator/RunPort.h"
 #include "operator/TypedText.h"
+#include "operator/TypedValue.h"
 #include "text/OneLine.h"
 
 #include <algorithm>
@@ -12,7 +13,9 @@ namespace velkotx::host {
 namespace {
 
 const std::vector<std::string> help{
-    "set NAME VALUE   set a parameter that the screen gives out; VALUE is JSON, else plain text; \"117\" is a text",
+    "set NAME VALUE   set a parameter that the screen gives out; VALUE is of the kind that the screen shows there:",
+    "                 a text, 117, 2.5, TRUE or FALSE, 0A1B (bytes), 12.5 V (in V: or 12.5), YES (a name), or JSON;",
+    "                 where it shows none: TRUE or FALSE, JSON, else a text; \"117\" and \"TRUE\" are texts",
     "close            close the screen",
     "show             show the screen again",
     "screen NAME      turn to another screen",
@@ -76,7 +79,7 @@ void Conversation::setParameter(const std::string& nameAndValue) {
         return say("set NAME VALUE");
     ScreenView& view = current().view;
     try {
-        const COtxValue value = valueLike(view.example(name), text.starts_with("= ") ? text.substr(2) : text);
+        const COtxValue value = valueLike(view.examples(name), text.starts_with("= ") ? text.substr(2) : text);
         const auto refusal = port_.sendEvent(outValuesChanged(view.name(), {{name, value}}));
         sayRefusal(refusal);
         if (!refusal)

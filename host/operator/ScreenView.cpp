@@ -4,6 +4,8 @@
 #include "text/OneLine.h"
 #include "text/ValueText.h"
 
+#include <algorithm>
+
 namespace velkotx::host {
 
 void ScreenView::change(const std::map<std::string, COtxValue>& parameters) {
@@ -22,7 +24,15 @@ void ScreenView::set(const std::string& parameter, const COtxValue& value) {
 void ScreenView::learn(const std::map<std::string, COtxValue>& parameters) {
     for (const auto& [parameter, value] : parameters)
         if (value.Type() != OTX::ValueType::Empty && !guessed_.contains(parameter))
-            examples_.try_emplace(parameter, value);
+            learn(parameter, value);
+}
+
+void ScreenView::learn(const std::string& parameter, const COtxValue& value) {
+    std::vector<COtxValue>& known = examples_[parameter];
+    const bool isNewElement =
+        value.Type() == OTX::ValueType::EnumerationItem && std::ranges::find(known, value) == known.end();
+    if (known.empty() || isNewElement)
+        known.push_back(value);
 }
 
 std::vector<std::string> ScreenView::lines() const {
@@ -32,9 +42,9 @@ std::vector<std::string> ScreenView::lines() const {
     return lines;
 }
 
-COtxValue ScreenView::example(const std::string& parameter) const {
+std::vector<COtxValue> ScreenView::examples(const std::string& parameter) const {
     const auto found = examples_.find(parameter);
-    return found != examples_.end() ? found->second : COtxValue();
+    return found != examples_.end() ? found->second : std::vector<COtxValue>();
 }
 
 }  // namespace velkotx::host

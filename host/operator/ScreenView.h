@@ -20,18 +20,20 @@ public:
     void set(const std::string& parameter, const COtxValue& value);
     // "name = value" in the order of the names, under a heading.
     std::vector<std::string> lines() const;
-    // A value of the type that the parameter has, as far as the run has told; else empty.
-    COtxValue example(const std::string& parameter) const;
+    // Values of the type that the parameter has, as far as the run has told, else none. One will do; but of a document's
+    // enumeration, all elements that were ever shown.
+    std::vector<COtxValue> examples(const std::string& parameter) const;
 
     const std::string& name() const { return opening_.screen; }
     // As it was opened, with the values of now.
     const ScreenNews& opening() const { return opening_; }
 
 private:
+    void learn(const std::string& parameter, const COtxValue& value);
     void learn(const std::map<std::string, COtxValue>& parameters);
 
     ScreenNews opening_;
-    std::map<std::string, COtxValue> examples_;
+    std::map<std::string, std::vector<COtxValue>> examples_;
     std::set<std::string> guessed_;  // set by the operator, while the type wasn't known
 };
 

@@ -1,9 +1,5 @@
-// What an operator types, taken as words, numbers and values.
+// What an operator types, taken as words and numbers.
 #include "operator/TypedText.h"
-
-#include "text/ValueText.h"
-
-#include <otx/value/COtxString.h>
 
 #include <charconv>
 #include <system_error>
@@ -33,17 +29,6 @@ std::optional<long long> wholeNumber(const std::string& text) {
     if (error != std::errc() || stop != end)
         return {};
     return number;
-}
-
-COtxValue valueLike(const COtxValue& example, const std::string& text) {
-    const COtxValue typed = valueOf(text);
-    if (example.Type() == OTX::ValueType::String)
-        return typed.Type() == OTX::ValueType::String ? typed : COtxString(text);
-    if (example.Type() == OTX::ValueType::Empty || typed.Type() == example.Type())
-        return typed;
-    if (example.Type() == OTX::ValueType::Float && typed.Type() == OTX::ValueType::Integer)
-        return typed.ToFloat();
-    throw TypingError("a value of type " + example.stringType() + " is needed");
 }
 
 }  // namespace velkotx::host

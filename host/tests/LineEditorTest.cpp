@@ -1,5 +1,6 @@
 // The line that somebody is typing, and its characters.
 #include "operator/LineEditor.h"
+#include "text/Columns.h"
 #include "text/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,8 @@
 
 namespace {
 
+using velkotx::host::codeOfUtf8;
+using velkotx::host::columnsOf;
 using velkotx::host::isUtf8Character;
 using velkotx::host::LineEditor;
 
@@ -38,8 +41,60 @@ TEST_F(LineEditorTest, ErasesCharactersWordsAndLines) {
     EXPECT_EQ(type("\b\b"), "\b \b") << "nothing stands ahead of the line";
     type("one two  \x17");
     EXPECT_EQ(editor_.text(), "one ");
-    EXPECT_EQ(type("\x15"), "\b \b\b \b\b \b\b \b");
+    EXPECT_EQ(type("\x15"), "\b\b\b\b    \b\b\b\b");
     EXPECT_EQ(editor_.text(), "");
+    EXPECT_EQ(type("\x15\x17"), "");
+    EXPECT_EQ(type("  \x17"), "  \b\b  \b\b");
+}
+
+TEST_F(LineEditorTest, ErasesTheColumnsOfACharacter) {
+    type("a\xE4\xB8\xAD\xEA\xB0\x80\xF0\x9F\x9A\x97");  // an ideograph, a syllable of Hangul, a picture
+    for (const char* left : {"a\xE4\xB8\xAD\xEA\xB0\x80", "a\xE4\xB8\xAD", "a"}) {
+        EXPECT_EQ(type("\x7F"), "\b\b  \b\b");
+        EXPECT_EQ(editor_.text(), left);
+    }
+    EXPECT_EQ(type("\x7F"), "\b \b");
+    type("a \xE4\xB8\xAD" "b");
+    EXPECT_EQ(type("\x17"), "\b\b\b   \b\b\b");
+    EXPECT_EQ(editor_.text(), "a ");
+}
+
+TEST_F(LineEditorTest, ErasesAMarkFromTheCharacterUnderIt) {
+    type("xe\xCC\x81\xCC\xA3");
+    EXPECT_EQ(type("\x7F"), "\be\xCC\x81");
+    EXPECT_EQ(type("\x7F"), "\be");
+    EXPECT_EQ(type("\x7F"), "\b \b");
+    type("\xE3\x81\x8B\xE3\x82\x99");  // a wide one with its mark
+    EXPECT_EQ(type("\x7F"), "\b\b\xE3\x81\x8B");
+    EXPECT_EQ(type("\x15"), "\b\b\b   \b\b\b");
+    type("\xCC\x81");
+    EXPECT_EQ(type("\x7F"), "") << "it stood on the prompt";
+    EXPECT_EQ(editor_.text(), "");
+}
+
+TEST_F(LineEditorTest, ErasesManyMarksAtOnce) {
+    type("e");
+    for (std::size_t count = 1; count < LineEditor::longest / 2; ++count)
+        type("\xCC\x81");
+    EXPECT_EQ(type("\x15"), "\b \b");
+    EXPECT_EQ(editor_.text(), "");
+}
+
+TEST(Utf8, TellsTheNumber) {
+    EXPECT_EQ(codeOfUtf8("a"), U'a');
+    EXPECT_EQ(codeOfUtf8("\xC3\xA4"), U'\u00E4');
+    EXPECT_EQ(codeOfUtf8("\xE2\x82\xAC"), U'\u20AC');
+    EXPECT_EQ(codeOfUtf8("\xF0\x9F\x9A\x97"), U'\U0001F697');
+    EXPECT_EQ(codeOfUtf8("\xE2\x82"), std::nullopt);
+}
+
+TEST(Columns, KnowsCharacters) {
+    for (const char* narrow : {"a", "\xC3\xA4", "\xC2\xAD", "\xE2\x82\xAC", "\xEF\xBD\xB1", "\xEE\x80\x80", "\xFF"})
+        EXPECT_EQ(columnsOf(narrow), 1U) << narrow;
+    for (const char* wide : {"\xE1\x84\x80", "\xE3\x81\x82", "\xE4\xB8\xAD", "\xEA\xB0\x80", "\xEF\xBC\xA1", "\xF0\x9F\x9A\x97"})
+        EXPECT_EQ(columnsOf(wide), 2U) << wide;
+    for (const char* mark : {"", "\xCC\x81", "\xE2\x83\x9D", "\xE2\x80\x8D", "\xE1\x85\xA1"})
+        EXPECT_EQ(columnsOf(mark), 0U) << mark;
 }
 
 TEST_F(LineEditorTest, EndsOnAnEmptyLineOnly) {

@@ -199,7 +199,7 @@ TEST_F(OperatorConversation, SetsParametersByTheirType) {
     EXPECT_EQ(sent("set count 7"), resultEvent("Monitor", "7", "count"));
     EXPECT_EQ(sent("set count=8"), resultEvent("Monitor", "8", "count"));
     EXPECT_EQ(sent("set count = 9"), resultEvent("Monitor", "9", "count"));
-    EXPECT_EQ(sent("set count many"), "count: a value of type Integer is needed\n");
+    EXPECT_EQ(sent("set count many"), "count: a value of type Integer is needed, a whole number\n");
     EXPECT_EQ(sent("set limit 3"), resultEvent("Monitor", "3.0", "limit"));
     EXPECT_EQ(sent("set name 17"), resultEvent("Monitor", "\"17\"", "name"));
     EXPECT_EQ(sent("set on false"), resultEvent("Monitor", "false", "on"));
@@ -215,6 +215,131 @@ TEST_F(OperatorConversation, SetsParametersByTheirType) {
     EXPECT_EQ(sent("set"), "set NAME VALUE\n");
     EXPECT_EQ(type(""), "set NAME VALUE\n-- Screen: Monitor --\ncount = 9\nin out = 6\nlimit = 3.0\nlist = [2,3]\nname = 17\n"
                         "on = FALSE\nother = free text\nother2 = 4\nThe run waits until it is closed.\nMonitor> ");
+}
+
+TEST_F(OperatorConversation, TakesWhatTheScreenShows) {
+    struct Case {
+        const char* json;
+        const char* shown;
+    };
+    for (const auto& [json, shown] : {Case{"false", "FALSE"},
+                                      Case{"-7", "-7"},
+                                      Case{"2.5", "2.5"},
+                                      Case{R"({"Float":"NaN"})", "NaN"},
+                                      Case{R"({"Float":"-INF"})", "-INF"},
+                                      Case{R"("a text")", "a text"},
+                                      Case{R"({"ByteField":"0A1B"})", "0A1B"},
+                                      Case{R"({"ByteField":"1234"})", "1234"},
+                                      Case{R"({"ByteField":"1E10"})", "1E10"},
+                                      Case{R"({"ByteField":""})", ""},
+                                      Case{R"({"Quantity":{"precision":4,"unit":"V","value":12.5}})", "12.5 V"},
+                                      Case{R"({"Quantity":{"precision":16,"unit":"1/min","value":-1.5e-07}})", "-1.5e-07 1/min"},
+                                      Case{R"({"Quantity":{"precision":16,"unit":"","value":3.0}})", "3.0"},
+                                      Case{R"({"Unit":"km/h"})", "km/h"},
+                                      Case{R"({"ConfirmationType":"CANCEL"})", "CANCEL"},
+                                      Case{R"({"Encoding":"UTF-8"})", "UTF-8"},
+                                      Case{R"({"ConnectionStatus":"eCS_CURRENT"})", "eCS_CURRENT"},
+                                      Case{R"({"Enumeration":{"name":"WORN","type":"Grade","value":2}})", "WORN"},
+                                      Case{"[1,true]", "[1,true]"},
+                                      Case{R"({"a":2.5})", R"({"a":2.5})"}}) {
+        FakePort port;
+        std::ostringstream terminal;
+        Conversation conversation(port, terminal);
+        conversation.take(news(open("M", false, std::string(R"({"p":)") + json + "}")));
+        conversation.settle({});
+        EXPECT_EQ(terminal.str(), std::string("-- Screen: M --\np = ") + shown + "\nM> ");
+        conversation.obey(std::string("set p ") + shown);
+        EXPECT_EQ(port.take(), resultEvent("M", json, "p")) << terminal.str();
+        conversation.obey(std::string("set p = ") + json);
+        EXPECT_EQ(port.take(), resultEvent("M", json, "p")) << terminal.str();
+    }
+}
+
+TEST_F(OperatorConversation, TakesOtherValuesInTheFormOfTheScreen) {
+    take(open("M", false, R"({"on":true,"bytes":{"ByteField":"00"},"answer":{"ConfirmationType":"YES"},
+        "q":{"Quantity":{"value":12.5,"unit":"V","precision":4}},"plain":{"Quantity":{"value":0,"unit":"","precision":4}}})"));
+    const auto sent = [&](const std::string& line) {
+        conversation_.obey(line);
+        return port_.take();
+    };
+    const auto volts = [](const std::string& number, const std::string& unit) {
+        return R"({"Quantity":{"precision":4,"unit":")" + unit + R"(","value":)" + number + "}}";
+    };
+    for (const char* text : {"FALSE", "false", "False", "\"FALSE\""})
+        EXPECT_EQ(sent(std::string("set on ") + text), resultEvent("M", "false", "on")) << text;
+    EXPECT_EQ(sent("set bytes 0c0d"), resultEvent("M", R"({"ByteField":"0C0D"})", "bytes"));
+    EXPECT_EQ(sent("set bytes \"0E\""), resultEvent("M", R"({"ByteField":"0E"})", "bytes"));
+    EXPECT_EQ(sent("set answer no"), resultEvent("M", R"({"ConfirmationType":"NO"})", "answer"));
+    EXPECT_EQ(sent("set q 13.5"), resultEvent("M", volts("13.5", "V"), "q"));
+    EXPECT_EQ(sent("set q 13"), resultEvent("M", volts("13.0", "V"), "q"));
+    EXPECT_EQ(sent("set q 13.5 V"), resultEvent("M", volts("13.5", "V"), "q"));
+    EXPECT_EQ(sent("set q 1350mV"), resultEvent("M", volts("1350.0", "mV"), "q"));
+    EXPECT_EQ(sent("set q \"13.5 V\""), resultEvent("M", volts("13.5", "V"), "q"));
+    EXPECT_EQ(sent("set plain 5 %"), resultEvent("M", volts("5.0", "%"), "plain"));
+    EXPECT_EQ(sent("set plain 5 bar"), resultEvent("M", volts("5.0", "bar"), "plain"));
+}
+
+TEST_F(OperatorConversation, ARefusalNamesTheForm) {
+    take(open("M", false, R"({"on":true,"bytes":{"ByteField":"00"},"answer":{"ConfirmationType":"YES"},"x":2.5,"list":[],"map":{},
+        "q":{"Quantity":{"value":12.5,"unit":"V","precision":4}},"plain":{"Quantity":{"value":0,"unit":"","precision":4}}})"));
+    const auto refused = [&](const std::string& line) {
+        terminal_.str({});
+        conversation_.obey(line);
+        EXPECT_EQ(port_.take(), "");
+        return terminal_.str();
+    };
+    EXPECT_EQ(refused("set on 1"), "on: a value of type Boolean is needed, TRUE or FALSE\n");
+    EXPECT_EQ(refused("set x 2,5"), "x: a value of type Float is needed, a number such as 2.5\n");
+    for (const char* text : {"0A1", "XY", "0A-1B"})
+        EXPECT_EQ(refused(std::string("set bytes ") + text),
+                  "bytes: a value of type ByteField is needed, hexadecimal digits, two a byte, such as 0A1B\n");
+    EXPECT_EQ(refused("set answer perhaps"), "answer: a value of type ConfirmationType is needed, written as YES, or JSON of the "
+                                             "form {\"ConfirmationType\": ...}\n");
+    for (const char* text : {"many", "13,5", "13,5 V", "1e999 V", "TRUE", "\"\""})
+        EXPECT_EQ(refused(std::string("set q ") + text), "q: a value of type Quantity is needed, a number of V such as 2.5, or "
+                                                         "one with its unit, 2.5 V\n")
+            << text;
+    EXPECT_NE(refused("set q 13.5 A").find("q: "), std::string::npos);
+    EXPECT_NE(refused("set q 13.5 blubb").find("blubb"), std::string::npos);
+    for (const char* text : {"many", "13,5 V", "information", "1.2.3"})
+        EXPECT_EQ(refused(std::string("set plain ") + text),
+                  "plain: a value of type Quantity is needed, a number such as 2.5, or one with a unit, 2.5 V\n")
+            << text;
+    EXPECT_EQ(refused("set list 1"), "list: a value of type List is needed, JSON such as [1, 2]\n");
+    EXPECT_EQ(refused("set map 1"),
+              "map: a value of type Map is needed, JSON such as {\"key\": 1} or {\"Map\": [[1, 2]]}\n");
+}
+
+TEST_F(OperatorConversation, KnowsTheElementsThatTheScreenHasShown) {
+    const auto grade = [](const std::string& name, const std::string& value) {
+        return R"({"Enumeration":{"name":")" + name + R"(","type":"Grade","value":)" + value + "}}";
+    };
+    take(open("M", false, R"({"grade":)" + grade("GOOD", "1") + "}"));
+    EXPECT_EQ(type("set grade WORN"), "grade: a value of type Enumeration is needed, the name of an element that the screen has "
+                                      "shown: GOOD, or {\"Enumeration\": {\"type\": \"T\", \"name\": \"N\", \"value\": 1}}\nM> ");
+    take(change("M", R"({"grade":)" + grade("WORN", "2") + "}"));
+    take(change("M", R"({"grade":)" + grade("GOOD", "1") + "}"));
+    EXPECT_EQ(port_.take(), "");
+    type("set grade WORN");
+    EXPECT_EQ(port_.take(), resultEvent("M", grade("WORN", "2"), "grade"));
+    type("set grade GOOD");
+    EXPECT_EQ(port_.take(), resultEvent("M", grade("GOOD", "1"), "grade"));
+    type("set grade " + grade("LOST", "3"));
+    EXPECT_EQ(port_.take(), resultEvent("M", grade("LOST", "3"), "grade"));
+}
+
+TEST_F(OperatorConversation, TrueAndFalseAreBooleansWhereNoTypeIsKnown) {
+    take(open("M", false, "{}"));
+    for (const char* text : {"TRUE", "true", "True"}) {
+        EXPECT_EQ(type(std::string("set seen ") + text), "M> ");
+        EXPECT_EQ(port_.take(), resultEvent("M", "true", "seen")) << text;
+    }
+    type("set seen FALSE");
+    EXPECT_EQ(port_.take(), resultEvent("M", "false", "seen"));
+    type("set seen \"TRUE\"");
+    EXPECT_EQ(port_.take(), resultEvent("M", "\"TRUE\"", "seen"));
+    type("set seen not TRUE");
+    EXPECT_EQ(port_.take(), resultEvent("M", "\"not TRUE\"", "seen"));
 }
 
 TEST_F(OperatorConversation, AGuessedTypeBindsNobody) {
@@ -274,6 +399,8 @@ TEST_F(OperatorConversation, HelpsWithWhatItDoesNotKnow) {
     take(open("Monitor", false, "{}"));
     const std::string help = type("help");
     EXPECT_NE(help.find("\nclose "), std::string::npos);
+    for (const char* form : {"TRUE or FALSE", "0A1B", "12.5 V", "YES", "JSON", "\"117\""})
+        EXPECT_NE(help.find(form), std::string::npos) << form;
     EXPECT_EQ(type("nonsense here"), "unknown command: nonsense here\n" + help);
     conversation_.closeWithoutAnswer();
     EXPECT_EQ(shown(), "\nclose closes the screen, Ctrl-C cancels the run\nMonitor> ");

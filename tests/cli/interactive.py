@@ -251,6 +251,26 @@ class AskedOperator(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertIn("axle = 3\r\ncount = 7\r\nlimit = 9\r\n", shown)
 
+    def test_the_session_of_the_manual(self):
+        with Session(example("10-brake-test.otx"), "--persist", str(self.folder / "stand.db"), name="run") as operator:
+            shown = operator.wait_for("Text []: ")
+            self.assertIn("-- Input: Brake test --\r\nWho is at the stand?\r\nHas to match: [A-Z][a-z]+\r\n", shown)
+            operator.say("keller\n")
+            operator.wait_for("the text has to match [A-Z][a-z]+\r\nText []: ")
+            operator.say("Keller\n")
+            shown = operator.wait_for("y yes, n no: ")
+            self.assertIn("-- Question: Brake test --\r\nIs the axle on the rollers?\r\n", shown)
+            operator.say("y\n")
+            # The first block may have any of the forces. From here on the run waits for the operator.
+            operator.wait_for("force = 2650.0\r\nsmallestForce = 2500.0\r\nBrakeTest> ")
+            operator.say("set remark left side is late\n")
+            operator.wait_for("set remark left side is late\r\nBrakeTest> ")
+            operator.say("set seen TRUE\n")
+            status, shown = operator.finish()
+        self.assertEqual(status, 0)
+        self.assertIn("highest = 2720.0\r\nremark = left side is late\r\nstandOperator = Keller\r\nstandTests = 1\r\n"
+                      "verdict = PASSED\r\n", shown)
+
     def test_a_refresh_leaves_what_is_being_typed(self):
         with self.session("changing") as operator:
             operator.wait_for("count = 2\r\nMonitor> ")

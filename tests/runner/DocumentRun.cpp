@@ -6,6 +6,7 @@
 #include "RecordingHost.h"
 #include "ShortStack.h"
 #include "Stepper.h"
+#include "Surroundings.h"
 #include "TraceRecorder.h"
 #include "Transcript.h"
 #include "VehicleFile.h"
@@ -73,6 +74,7 @@ void runSteps(velkotx::Sequencer& sequencer, RecordingHost& host, Answerer& answ
 }  // namespace
 
 std::vector<std::string> runDocument(const std::string& document, const Script& script, Mode mode) {
+    const Surroundings surroundings(script);  // until no thread of the run is left
     Transcript transcript;
     const TraceRecorder trace(script.trace, script.sequenceLog, transcript);
 

@@ -122,6 +122,10 @@ void ExpectFile::readDirective(const std::string& line) {
         script_.vehicleFile = fileNamed(rest, line);
     } else if (directive == "files") {
         script_.filesFolder = fileNamed(rest, line);
+    } else if (directive == "folder") {
+        script_.workingFolder = fileNamed(rest, line);
+    } else if (directive == "plug-ins") {
+        script_.withPlugIns = true;
     } else if (directive == "document") {
         document_ = fileNamed(rest, line);
     } else if (directive == "store") {

@@ -43,6 +43,8 @@ struct Script {
     HostFailures refusals;  // of messages, by their number
     std::vector<AnswerRule> answers;
     bool withProviders = false;  // the recording type of service providers
+    bool withPlugIns = false;            // the folder of plug-ins that this build has made is named
+    std::filesystem::path workingFolder;  // of the process meanwhile; empty for the one that it has
     bool withStore = false;
     std::string storeContents = "{}";  // JSON
     std::map<Mode, std::string> skipped;  // the reason by mode
