@@ -58,6 +58,8 @@ TEST_F(DiagUdsSession, KeepsAFunctionalSessionAliveBeforeARequestToOneUnit) {
     answer({{{0x50, 0x03}}});
     execute({0x10, 0x03}, true);
     network->handle([this](const Pdu& request, bool) -> std::vector<FakeAnswer> {
+        if (request[0] != 0x22)
+            return {};
         // The channel's thread can't have the link meanwhile.
         if (request == Pdu{0x22, 0x00, 0x00})
             network->clock.advance(2s);
