@@ -39,9 +39,7 @@ FAMILY_OPERATIONS = {
     ),
     ("otxns::ProcedureRealisation", "exec"): (
         "void",
-        "otxns::OtxContext& context, otxns::ArgumentMap<COtxValue>& in, "
-        "otxns::ArgumentMap<std::shared_ptr<OtxVariable>>& inout, "
-        "otxns::ArgumentMap<std::shared_ptr<OtxVariable>>& out",
+        "otxns::OtxContext& context, otxns::CallArguments& arguments",
     ),
 }
 

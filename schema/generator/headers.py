@@ -34,8 +34,7 @@ def classes(catalogue, module):
     ]
     text = NOTE.format(f"The classes of module {module.name}.")
     text += "".join(f"#include {name}\n" for name in includes) + "\n#include <memory>\n#include <string>\n#include <vector>\n\n"
-    text += "class COtxValue;\nclass OtxVariable;\n\nnamespace otxns {\nclass OtxContext;\nclass Name;\n"
-    text += "template <typename T>\nclass ArgumentMap;\n}  // namespace otxns\n\n"
+    text += "class COtxValue;\n\nnamespace otxns {\nclass OtxContext;\nclass Name;\nstruct CallArguments;\n}  // namespace otxns\n\n"
     body = "\n".join(one_class(catalogue, t) for t in catalogue.base_first(module.types))
     return text + in_namespace(module, body)
 

@@ -9,7 +9,7 @@ namespace otxns {
 
 template <>
 void Assignment_impl<Assignment_base>::exec(OtxContext& context) const {
-    if (long long number = 0; !Trace::isOn(3) && calculateInteger(term(), context, number))
+    if (long long number = 0; !Trace::isOn(3) && calculateFreshInteger(term(), context, number))
         return assignInteger(result(), context, number);
     COtxValue value = evaluate(term(), context);
     OTX_TRACE(3,

@@ -1,7 +1,8 @@
 // The ProcedureCall action.
 #include <OTXContext/OtxContext.h>
-#include <OTXCoreActions/ArgumentMap.h>
+#include <OTXCoreActions/CallArguments.h>
 #include <OTXCoreTerms/Evaluate.h>
+#include <OTXCoreTerms/IntegerTerms.h>
 #include <OTXCoreTerms/VariableAccess.h>
 #include <StackGuard.h>
 #include <Trace.h>
@@ -9,6 +10,11 @@
 namespace otxns {
 
 namespace {
+
+InValue inValue(const Term& term, OtxContext& context) {
+    if (long long number = 0; calculateFreshInteger(term, context, number)) return InValue(number);
+    return InValue(evaluate(term, context));
+}
 
 // An Integer that nobody else has a handle of goes over as a number.
 void handOver(const OtxVariable& cell, const Variable& target, OtxContext& context) {
@@ -33,22 +39,20 @@ void ProcedureCall_impl<ProcedureCall_base>::exec(OtxContext& context) const {
         return;
     }
     OtxVars& variables = context.Variables();
-    ArgumentMap<COtxValue> in;
-    ArgumentMap<std::shared_ptr<OtxVariable>> inout;
-    ArgumentMap<std::shared_ptr<OtxVariable>> out;
+    CallArguments maps;
     if (arguments().present()) {
         for (const InArgument& argument : arguments()->inArg())
-            in.insert(argument.param().key(), evaluate(argument.term(), context));
+            maps.in.insert(argument.param().key(), inValue(argument.term(), context));
         for (const InOutArgument& argument : arguments()->inoutArg())
-            inout.insert(argument.param().key(), variables.GetVariable(argument.variable().name().key()));
+            maps.inout.insert(argument.param().key(), variables.GetVariable(argument.variable().name().key()));
     }
     variables.push(name);
-    entry->realisation->exec(context, in, inout, out);
+    entry->realisation->exec(context, maps);
     variables.pop();
     if (!arguments().present()) return;
     for (const OutArgument& argument : arguments()->outArg())
-        if (const auto* const cell = out.find(argument.param().key())) handOver(**cell, argument.variable(), context);
-    for (auto& [parameter, cell] : out) variables.Recycle(std::move(cell));
+        if (const auto* const cell = maps.out.find(argument.param().key())) handOver(**cell, argument.variable(), context);
+    for (auto& [parameter, cell] : maps.out) variables.Recycle(std::move(cell));
 }
 
 }  // namespace otxns

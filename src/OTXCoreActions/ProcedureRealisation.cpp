@@ -1,5 +1,5 @@
 // The body of a procedure: parameters, declarations, flow.
-#include <OTXCoreActions/ArgumentMap.h>
+#include <OTXCoreActions/CallArguments.h>
 #include <OTXCoreActions/ControlExceptions.h>
 #include <OTXCoreActions/Statements.h>
 #include <Trace.h>
@@ -35,14 +35,12 @@ void declareLocals(const ProcedureRealisation& procedure, OtxContext& context) {
 // is the caller's cell under a second name. Out parameters are handed over as cells, also after a Return; not when an
 // exception passes.
 template <>
-void ProcedureRealisation_impl<ProcedureRealisation_base>::exec(
-    OtxContext& context, ArgumentMap<COtxValue>& in, ArgumentMap<std::shared_ptr<OtxVariable>>& inout,
-    ArgumentMap<std::shared_ptr<OtxVariable>>& out) const {
+void ProcedureRealisation_impl<ProcedureRealisation_base>::exec(OtxContext& context, CallArguments& arguments) const {
     OTX_TRACE(4, "Procedure");
     OtxVars& variables = context.Variables();
     declareLocals(*this, context);
-    for (auto& [name, value] : in) variables.Set(*name, std::move(value));
-    for (const auto& [name, cell] : inout) variables.Bind(*name, cell);
+    for (auto& [name, value] : arguments.in) value.moveTo(variables, *name);
+    for (const auto& [name, cell] : arguments.inout) variables.Bind(*name, cell);
     try {
         // The only place where a Return ends.
         if (const FlowExit exit = run(flow(), context); !exit.isReturn()) exit.raise();
@@ -52,7 +50,8 @@ void ProcedureRealisation_impl<ProcedureRealisation_base>::exec(
     for (const auto& parameter : parameters()->outParam()) {
         if (!parameter.name().present()) continue;
         const Name& name = parameter.name()->key();
-        out.assign(name, variables.GetVariable(name));
+        // Null for a second parameter of that name, whose cell is the same.
+        if (auto cell = variables.TakeVariable(name)) arguments.out.assign(name, std::move(cell));
     }
 }
 

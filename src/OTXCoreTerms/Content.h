@@ -38,8 +38,9 @@ inline std::string textOf(const COtxValue& value, OtxContext& context) {
 }
 
 // What others may look at while another flow changes the container.
-inline COtxValue settled(const COtxValue& live, OtxContext& context) {
-    return holdsContent(live) ? lookInto(context, [&] { return OTX::DeepCopy(live); }) : live;
+inline COtxValue settled(COtxValue live, OtxContext& context) {
+    if (!holdsContent(live)) return live;
+    return lookInto(context, [&] { return OTX::DeepCopy(live); });
 }
 
 // A value in a line of the trace, with its content.

@@ -88,6 +88,14 @@ inline bool calculateInteger(const Term& term, OtxContext& context, long long& n
     return false;
 }
 
+// The same, also for a variable of the running procedure whose Integer nobody else has a handle of: that it isn't shared makes
+// no difference to anybody.
+inline bool calculateFreshInteger(const Term& term, OtxContext& context, long long& number) {
+    const auto* const variable = exactly<IntegerValue>(term);
+    if (variable == nullptr) return calculateInteger(term, context, number);
+    return !variable->path().present() && context.Variables().GetSoleInteger(variable->valueOf().key(), number);
+}
+
 // What evaluate(term).Bool() gives.
 bool evaluateTruth(const Term& term, OtxContext& context);
 

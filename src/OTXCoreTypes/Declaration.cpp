@@ -11,13 +11,13 @@ namespace otxns {
 template <>
 void Declaration_impl<Declaration_base>::declare(OtxContext& context, bool global) const {
     if (!realisation().present() || !name().present()) return;
-    requireStack();
     OtxVars& variables = context.Variables();
     const DataType& type = realisation()->dataType();
     // Nearly every local, and without a value made on the way.
     if (const auto* const integer = exactly<Integer>(type);
         integer != nullptr && !integer->init().present() && !global && !Trace::isOn(4))
         return variables.DeclareInteger(name()->key(), 0);
+    requireStack();
     COtxValue value = type.eval(context);
     OTX_TRACE(4, "Id: " << id() << " Name: " << name().get() << " Type: " << value.stringType());
     if (global)

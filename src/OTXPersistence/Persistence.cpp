@@ -22,8 +22,7 @@ void Load_impl<Load_base>::exec(otxns::OtxContext& context) const {
 template <>
 void Save_impl<Save_base>::exec(otxns::OtxContext& context) const {
     try {
-        const COtxValue current = value().read(context);
-        context.Persistence().Save(value().name(), otxns::settled(current, context));
+        context.Persistence().Save(value().name(), otxns::settled(value().read(context), context));
     } catch (const std::exception&) {
         throw COtxException(OTX::Exceptions_e::PersistenceSaveException, "Failed to save persistence value");
     }

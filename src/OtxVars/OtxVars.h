@@ -62,6 +62,12 @@ public:
         const OtxVariable* const cell = frame != nullptr ? frame->ownCell(name) : nullptr;
         return cell != nullptr && cell->ReadInteger(number);
     }
+    // The same for an Integer that no other handle shares and that is like COtxInt(number).
+    bool GetSoleInteger(const Name& name, long long& number) const {
+        const OtxVarMap* const frame = top();
+        const OtxVariable* const cell = frame != nullptr ? frame->ownCell(name) : nullptr;
+        return cell != nullptr && cell->ReadSoleInteger(number);
+    }
 
     std::shared_ptr<OtxVariable> GetVariable(const Name& name) const {
         const OtxVarMap* const frame = top();
@@ -71,6 +77,15 @@ public:
         return cell;
     }
     std::shared_ptr<OtxVariable> GetVariable(const std::string& name) const { return GetVariable(Name(name)); }
+    // The same for a call that ends: the top frame gives its cell away and isn't asked for the name again. Null if it has been
+    // taken before.
+    std::shared_ptr<OtxVariable> TakeVariable(const Name& name) {
+        OtxVarMap* const frame = top();
+        std::shared_ptr<OtxVariable> cell;
+        if (frame == nullptr || !frame->Take(name, cell)) [[unlikely]]
+            cell = globalVariable(name);
+        return cell;
+    }
 
     void Set(const Name& name, const COtxValue& value);
     void Set(const Name& name, COtxValue&& value) {

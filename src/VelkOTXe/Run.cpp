@@ -1,6 +1,6 @@
 // The driver of a run.
 #include <OTXContext/OtxContext.h>
-#include <OTXCoreActions/ArgumentMap.h>
+#include <OTXCoreActions/CallArguments.h>
 #include <OTXCoreActions/ControlExceptions.h>
 #include <OTXHMIIF/HMI.h>
 #include <Trace.h>
@@ -19,8 +19,6 @@
 namespace otxns {
 
 namespace {
-
-using Cells = ArgumentMap<std::shared_ptr<OtxVariable>>;
 
 std::exception_ptr cancellation() {
     return std::make_exception_ptr(velkotx::OTXRuntimeException("cancelled", ""));
@@ -76,18 +74,17 @@ COtxValue Sequencer_impl::OtxMain(const std::string& procedure, const COtxValue&
     const ProcedureTable::Entry* const entry = context->Procedures().find(procedure);
     if (entry == nullptr) throw velkotx::OTXRuntimeException("procedure " + procedure + " not found", "");
     std::deque<Name> names;
-    ArgumentMap<COtxValue> in;
-    for (const auto& [name, value] : OTX::ValMap(arguments)) in.insert(names.emplace_back(name), COtxValue(value));
-    Cells inout;
-    Cells out;
+    CallArguments maps;
+    for (const auto& [name, value] : OTX::ValMap(arguments))
+        maps.in.insert(names.emplace_back(name), InValue(COtxValue(value)));
     COtxValue result;
     std::exception_ptr failure;
     const auto thread = std::this_thread::get_id();
     context->BeginFlow(startStopped ? FlowState::stopping : FlowState::running);
     context->Variables().push(*entry->name);
     try {
-        entry->realisation->exec(*context, in, inout, out);
-        result = published(out);
+        entry->realisation->exec(*context, maps);
+        result = published(maps.out);
         OTX_TRACE(3, "sequence finished");
     } catch (velkotx::CancelException&) {
         OTX_TRACE(3, "sequence cancelled");

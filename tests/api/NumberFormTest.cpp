@@ -50,15 +50,18 @@ public:
     COtxValue GetChecksum(std::int64_t, std::int64_t) override { return {}; }
 };
 
-// The form of the out parameter `result`.
+// The form of `result` among the out parameters.
+COtxInt::Radix formOfResult(const COtxValue& out) {
+    return dynamic_cast<const COtxIntBehaviour&>(*out.Map().at(COtxString("result")).GetBehaviourReference()).Radix();
+}
+
 COtxInt::Radix formOf(const std::string& type, const std::string& flow) {
     const auto sequencer = load(document(procedure(
         "main", flow, declared("inParam", "session", "f:FlashSession\"" + flash + ">") + declared("outParam", "result", type))));
     const auto host = std::make_shared<StopHost>();
     sequencer->SetHost(host);
     const COtxMap arguments(std::map<const std::string, COtxValue>{{"session", COtxValue(std::make_shared<TwoBlocks>())}});
-    const COtxValue out = sequencer->Run("main", arguments, false);
-    return dynamic_cast<const COtxIntBehaviour&>(*out.Map().at(COtxString("result")).GetBehaviourReference()).Radix();
+    return formOfResult(sequencer->Run("main", arguments, false));
 }
 
 TEST(NumberForm, OfFlashDataIsDecimal) {
@@ -72,6 +75,29 @@ TEST(NumberForm, OfFlashDataIsDecimal) {
 TEST(NumberForm, OfAudiencesAndStatesOfInterfacesIsDecimal) {
     EXPECT_EQ(formOf("f:Audience\"" + flash + ">", ""), COtxInt::Decimal);
     EXPECT_EQ(formOf("c:ConnectionStatus\"" + vehicle + ">", ""), COtxInt::Decimal);
+}
+
+std::string assignment(const std::string& to, const std::string& from) {
+    return "<action id=\"" + to + "\"><realisation xsi:type=\"Assignment\"><result xsi:type=\"IntegerVariable\" name=\"" + to +
+           "\"/><term xsi:type=\"IntegerValue\" valueOf=\"" + from + "\"/></realisation></action>";
+}
+
+// An argument of the host that is assigned, goes through a procedure and comes back.
+TEST(NumberForm, OfAnIntegerGoesWhereItGoes) {
+    const std::string passing =
+        assignment("copy", "n") +
+        "<action id=\"call\"><realisation xsi:type=\"ProcedureCall\" procedure=\"pass\"><arguments><inArg param=\"a\"><term "
+        "xsi:type=\"IntegerValue\" valueOf=\"copy\"/></inArg><outArg param=\"b\"><variable xsi:type=\"IntegerVariable\" "
+        "name=\"result\"/></outArg></arguments></realisation></action>";
+    const auto sequencer =
+        load(document(procedure("main", passing, integer("inParam", "n", 0) + integer("outParam", "result", 0),
+                                integer("variable", "copy", 0)) +
+                      procedure("pass", assignment("b", "a"), integer("inParam", "a", 0) + integer("outParam", "b", 0))));
+    sequencer->SetHost(std::make_shared<StopHost>());
+    for (const auto form : {COtxInt::Binary, COtxInt::Octal, COtxInt::Decimal, COtxInt::Hexadecimal}) {
+        const COtxValue arguments = COtxMap(std::map<const std::string, COtxValue>{{"n", COtxInt(255, form)}});
+        EXPECT_EQ(formOfResult(sequencer->Run("main", arguments, false)), form);
+    }
 }
 
 }  // namespace

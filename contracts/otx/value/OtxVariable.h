@@ -63,6 +63,9 @@ private:
 
     bool isPlain() const noexcept;
     void replace(COtxValue&& value);
+    bool overwriteInteger(long long number);
+    bool holdsSoleInteger() const noexcept;
+    bool letGo() noexcept;
     void announce(Guard& guard);
     void dropDead(const std::shared_ptr<const Sources>& delivered);
 

@@ -46,17 +46,15 @@ bool isTooSmall(std::string_view number) noexcept {
         }
     }
     if (!digitSeen) return true;
-    if (place < number.size()) {
-        std::string_view exponentText = number.substr(place + 1);
-        const bool negative = !exponentText.empty() && exponentText.front() == '-';
-        if (!exponentText.empty() && (exponentText.front() == '-' || exponentText.front() == '+'))
-            exponentText.remove_prefix(1);
-        long long exponent = 0;
-        const auto end = exponentText.data() + exponentText.size();
-        if (std::from_chars(exponentText.data(), end, exponent).ec != std::errc()) return negative;
-        magnitude += negative ? -exponent : exponent;
-    }
-    return magnitude < 0;
+    if (place == number.size()) return magnitude < 0;
+    std::string_view exponentText = number.substr(place + 1);
+    const bool negative = !exponentText.empty() && exponentText.front() == '-';
+    if (!exponentText.empty() && (exponentText.front() == '-' || exponentText.front() == '+')) exponentText.remove_prefix(1);
+    long long exponent = 0;
+    const auto end = exponentText.data() + exponentText.size();
+    if (std::from_chars(exponentText.data(), end, exponent).ec != std::errc()) return negative;
+    // The sum of both may be none.
+    return negative ? magnitude < exponent : exponent < -magnitude;
 }
 
 }  // namespace

@@ -62,11 +62,8 @@ class OtxVariable::Guard {
 public:
     explicit Guard(const OtxVariable& variable) : lock_(&variable.cellLock_) {
         if (__libc_single_threaded != 0) return;
-        constexpr int spins = 64;
-        int tries = 0;
-        while (lock_->exchange(true, std::memory_order_acquire)) {
-            if (++tries % spins == 0) sched_yield();
-        }
+        if (lock_->exchange(true, std::memory_order_acquire)) [[unlikely]]
+            wait(*lock_);
     }
     Guard(const Guard&) = delete;
     Guard& operator=(const Guard&) = delete;
@@ -78,6 +75,14 @@ public:
     }
 
 private:
+    [[gnu::noinline]] static void wait(std::atomic<bool>& lock) noexcept {
+        constexpr int spins = 64;
+        int tries = 0;
+        while (lock.exchange(true, std::memory_order_acquire)) {
+            if (++tries % spins == 0) sched_yield();
+        }
+    }
+
     std::atomic<bool>* lock_;
 };
 
@@ -125,17 +130,16 @@ void OtxVariable::Store(COtxValue&& value) {
 }
 
 void OtxVariable::StoreInteger(long long number) {
-    if (!isPlain()) [[unlikely]]
-        return Set(otx::makeInteger(number));
-    {
-        const Guard guard(*this);
-        // The only handle stands in this cell, and the lock keeps others from copying it.
-        if (sources_ == nullptr && value_.isSoleInteger()) [[likely]] {
-            value_.overwriteSoleInteger(number);
-            return;
-        }
-    }
-    replace(otx::makeInteger(number));
+    if (!isPlain() || !overwriteInteger(number)) [[unlikely]]
+        Store(otx::makeInteger(number));
+}
+
+bool OtxVariable::overwriteInteger(long long number) {
+    const Guard guard(*this);
+    // The only handle stands in this cell, and the lock keeps others from copying it.
+    if (sources_ != nullptr || !value_.isSoleInteger()) return false;
+    value_.overwriteSoleInteger(number);
+    return true;
 }
 
 COtxValue OtxVariable::Value() const {
@@ -157,13 +161,19 @@ bool OtxVariable::ReadSoleInteger(long long& number) const {
     return true;
 }
 
-bool OtxVariable::Retire() noexcept {
-    if (!isPlain()) return false;
+bool OtxVariable::Retire() noexcept { return isPlain() && (holdsSoleInteger() || letGo()); }
+
+bool OtxVariable::holdsSoleInteger() const noexcept {
+    const Guard guard(*this);
+    return sources_ == nullptr && value_.isSoleInteger();
+}
+
+bool OtxVariable::letGo() noexcept {
     // Dies after the lock is released.
     COtxValue gone;
     const Guard guard(*this);
     if (sources_ != nullptr) return false;
-    if (!value_.isSoleInteger()) value_.exchange(gone);
+    value_.exchange(gone);
     return true;
 }
 

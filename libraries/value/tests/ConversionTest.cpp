@@ -100,6 +100,8 @@ TEST(ToFloat, WhatIsTooSmallIsZero) {
     EXPECT_EQ(text(("0." + std::string(400, '0') + "1").c_str()).ToFloat().Float(), 0.0);
     EXPECT_EQ(text("0e999").ToFloat().Float(), 0.0);
     EXPECT_EQ(text("1e-99999999999999999999").ToFloat().Float(), 0.0);
+    EXPECT_EQ(text("0.001e-9223372036854775807").ToFloat().Float(), 0.0);
+    EXPECT_EQ(OTX_THROWN_KIND(text("1234e9223372036854775807").ToFloat()), arithmetic);
     EXPECT_EQ(OTX_THROWN_KIND(text("1e99999999999999999999").ToFloat()), arithmetic);
 }
 
