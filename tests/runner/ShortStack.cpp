@@ -16,7 +16,7 @@ namespace {
 #if defined(__SANITIZE_ADDRESS__)
 constexpr std::size_t stackSize = 8 * 1024 * 1024;
 #elif defined(__SANITIZE_THREAD__)
-constexpr std::size_t stackSize = 2 * 1024 * 1024;
+constexpr std::size_t stackSize = 4 * 1024 * 1024;
 #else
 constexpr std::size_t stackSize = 2 * 1024 * 1024;
 #endif

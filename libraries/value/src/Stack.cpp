@@ -25,7 +25,7 @@ constexpr std::uintptr_t largestReserve = 64 * 1024;
 // What a recursion may use of a stack without a limit. The thread sanitizer keeps a record of the open calls that holds
 // some 64,000 of them and crashes beyond.
 #if defined(__SANITIZE_THREAD__)
-constexpr std::uintptr_t largestStack = 2 * 1024 * 1024;
+constexpr std::uintptr_t largestStack = 3 * 1024 * 1024;
 #else
 constexpr std::uintptr_t largestStack = 64 * 1024 * 1024;
 #endif
