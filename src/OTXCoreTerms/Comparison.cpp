@@ -2,6 +2,7 @@
 #include <OTXCoreTerms/Content.h>
 #include <OTXCoreTerms/Evaluate.h>
 #include <OTXCoreTerms/IntegerTerms.h>
+#include <OTXCoreTerms/Interruptible.h>
 #include <otx/value/COtxBool.h>
 #include <otx/value/COtxQuantity.h>
 
@@ -23,13 +24,16 @@ bool holds(const Term& first, const Term& second, OtxContext& context, Compariso
 }
 
 // Walks the adjacent pairs while the comparison answers `wanted`, and gives the last answer. Each pair is evaluated
-// anew, so that a middle term is evaluated twice; this is meant. Fewer than two terms are neither equal nor unequal.
+// anew, so that a middle term is evaluated twice; this is meant. Such terms within each other double the work with each
+// level, so a cancelled flow leaves them. Fewer than two terms are neither equal nor unequal.
 template <class Terms, class Comparison>
 bool overPairs(const Terms& terms, OtxContext& context, bool wanted, Comparison comparison) {
     if (terms.size() < 2) return false;
     bool answer = wanted;
-    for (std::size_t i = 1; i < terms.size() && answer == wanted; ++i)
+    for (std::size_t i = 1; i < terms.size() && answer == wanted; ++i) {
+        if (i > 1) leaveIfCancelled(context.OwnFlow());
         answer = holds(terms[i - 1], terms[i], context, comparison);
+    }
     return answer;
 }
 

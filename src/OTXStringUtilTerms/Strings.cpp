@@ -1,10 +1,9 @@
 // The terms that take strings apart and put them together. All operands are evaluated before the string is asked.
 #include <OTXContext/OtxContext.h>
-#include <OTXCoreActions/ControlExceptions.h>
 #include <OTXCoreTerms/Asking.h>
+#include <OTXCoreTerms/Interruptible.h>
 #include <SmallVector.h>
 #include <Trace.h>
-#include <otx/Interruption.h>
 #include <otx/value/COtxException.h>
 #include <otx/value/COtxString.h>
 #include <schema/StringUtil.h>
@@ -34,17 +33,6 @@ void requirePlace(const OTX::IString& text, const char* term, long long index, l
                             " is not with the string. String length = " + std::to_string(length));
 }
 
-// What may take long, and what a flow that is cancelled meanwhile leaves.
-template <class Work>
-COtxValue interruptibly(otxns::OtxContext& context, Work work) {
-    const otxns::OtxFlow& flow = context.OwnFlow();
-    const auto leaveIfCancelled = [&flow] {
-        if (flow.state == otxns::FlowState::cancelled) throw velkotx::CancelException();
-    };
-    const otx::InterruptionScope scope(leaveIfCancelled);
-    return work();
-}
-
 }  // namespace
 
 OTX_TERM(LengthOfString, otxns::evaluate(string(), context).String().Length())
@@ -52,16 +40,16 @@ OTX_TERM(ToUpper, otxns::evaluate(string(), context).String().ToUpper())
 OTX_TERM(ToLower, otxns::evaluate(string(), context).String().ToLower())
 
 OTX_TERM(IndexOf, otxns::evaluateTwo(string(), pattern(), context, [&](const COtxValue& text, const COtxValue& sought) {
-             return interruptibly(context, [&] { return text.String().IndexOf(sought); });
+             return otxns::interruptibly(context, [&] { return text.String().IndexOf(sought); });
          }))
 OTX_TERM(SplitString,
          otxns::evaluateTwo(string(), delimiter(), context, [&](const COtxValue& text, const COtxValue& mark) {
-             return interruptibly(context, [&] { return text.String().Split(mark); });
+             return otxns::interruptibly(context, [&] { return text.String().Split(mark); });
          }))
 // The expression is evaluated first; this is meant.
 OTX_TERM(MatchToRegularExpression,
          otxns::evaluateTwo(regexp(), string(), context, [&](const COtxValue& expression, const COtxValue& text) {
-             return interruptibly(context, [&] { return text.String().Match(expression); });
+             return otxns::interruptibly(context, [&] { return text.String().Match(expression); });
          }))
 
 template <>

@@ -1,4 +1,4 @@
-// Cancelling a run while it looks through a string.
+// Cancelling a run while it looks through a string, and within a term whose work doubles with each level.
 #include "BackgroundRun.h"
 #include "Documents.h"
 #include "StopHost.h"
@@ -47,6 +47,16 @@ std::string longSearch(const std::string& id) {
               </action>)";
 }
 
+// Each level evaluates the one within it twice, since it stands between two others.
+std::string doublingComparison(const std::string& id, int levels) {
+    const std::string truth = "<term xsi:type=\"BooleanLiteral\" value=\"true\"/>";
+    std::string term = truth;
+    for (int level = 0; level < levels; ++level) term = "<term xsi:type=\"IsEqual\">" + truth + term + truth + "</term>";
+    return "<action id=\"" + id +
+           "\"><realisation xsi:type=\"Assignment\"><result xsi:type=\"IntegerVariable\" name=\"g\"/><term xsi:type=\"ToInteger\">" +
+           term + "</term></realisation></action>";
+}
+
 // A cancel that comes while the flow stands at the node ends the node and the run.
 void expectCancelled(const std::string& node) {
     const auto host = std::make_shared<StopHost>();
@@ -74,4 +84,13 @@ TEST(CancelSearch, WithoutACancelTheTermAroundItIsReached) {
     const auto sequencer = load(document(procedure("main", longSearch("a1")), integer("variable", "g", 0)));
     EXPECT_EQ(outcomeOfRun(*sequencer, "main"),
               "exception OutOfBoundsException: SubString index -1 is not with the string. String length = 0");
+}
+
+TEST(CancelComparison, EndsATermThatWouldTakeForEver) { expectCancelled(doublingComparison("a1", 60)); }
+
+TEST(CancelComparison, WithoutACancelTheTermEnds) {
+    const auto sequencer = load(document(procedure("main", doublingComparison("a1", 4), integer("outParam", "g", 0))));
+    const auto host = std::make_shared<StopHost>();
+    sequencer->SetHost(host);
+    EXPECT_EQ(outcomeOfRun(*sequencer, "main"), R"({"g":1})");
 }

@@ -79,13 +79,26 @@ std::string compiled(const std::string& text) {
     return std::move(out).str();
 }
 
+// Replaces a list by one that holds it so many times.
+std::string wrapped(const std::string& id, const std::string& list, int times) {
+    return assignTerm(id, "ListVariable", list,
+                      "ListCreate\"><itemType xsi:type=\"Integer\"/><items>" +
+                          repeated("<item xsi:type=\"ListValue\" valueOf=\"" + list + "\"/>", times) + "</items>");
+}
+
+// Two lists of two lists of two lists, of which a term is asked.
+std::string sharedLists(int depth, const std::string& result, const std::string& term) {
+    return document(procedure("main",
+                              loopOf("n", "i", depth, wrapped("l", "l", 2) + wrapped("m", "m", 2)) +
+                                  assignTerm("b", result, "o", term),
+                              text("outParam", "o", "")),
+                    listOf("variable", "l") + listOf("variable", "m") + integer("variable", "i", 0));
+}
+
 // A list in a list in a list, as a text.
 std::string deepList(int depth) {
-    const std::string list = "List\"><itemType xsi:type=\"Integer\"/>";
     return document(procedure("main",
-                              loopOf("n", "i", depth, assignTerm("a", "ListVariable", "l",
-                                                                 "ListCreate\"><itemType xsi:type=\"Integer\"/><items><item "
-                                                                 "xsi:type=\"ListValue\" valueOf=\"l\"/></items>")) +
+                              loopOf("n", "i", depth, wrapped("l", "l", 1)) +
                                   assignTerm("b", "StringVariable", "o", "ToString\"><term xsi:type=\"ListValue\" valueOf=\"l\"/>"),
                               text("outParam", "o", "")),
                     listOf("variable", "l") + integer("variable", "i", 0));
@@ -145,6 +158,14 @@ void addRunning(std::vector<Bomb>& all) {
         // The shortage comes inside of a lane: main's own lanes begin together, while there are threads.
         "cancelled: "s);
     all.back().takesAllThreads = true;
+    const std::string tooManyTimes = "OutOfBoundsException: Value holds others too many times";
+    add("run-shared-lists-compared", [] {
+        return sharedLists(60, "BooleanVariable",
+                           "IsEqual\"><term xsi:type=\"ListValue\" valueOf=\"l\"/><term xsi:type=\"ListValue\" valueOf=\"m\"/>");
+    }, tooManyTimes);
+    add("run-shared-lists-as-text", [] {
+        return sharedLists(60, "StringVariable", "ToString\"><term xsi:type=\"ListValue\" valueOf=\"l\"/>");
+    }, tooManyTimes);
     add("run-deep-list", [] { return deepList(200000); }, "OutOfBoundsException: Value is nested too deeply or contains itself"s);
 }
 

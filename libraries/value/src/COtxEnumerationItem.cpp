@@ -7,10 +7,10 @@
 
 #include "ContainerBehaviour.h"
 #include "CopyMap.h"
+#include "Descent.h"
 #include "JsonWriter.h"
 #include "Make.h"
 #include "NativeBehaviour.h"
-#include "Refusal.h"
 #include "TextValues.h"
 
 namespace otx {
@@ -46,7 +46,7 @@ public:
 
     bool equalTo(const COtxValueBehaviour& right) const { return compareWith(right) == 0; }
     std::weak_ordering compareWith(const COtxValueBehaviour& right) const {
-        checkNesting();
+        const Descent descent;
         const auto& other = static_cast<const EnumerationItemBehaviour&>(right);
         if (const auto order = typeName_ <=> other.typeName_; order != 0) return order;
         if (const auto order = compareValues(value_, other.value_); order != 0) return order;

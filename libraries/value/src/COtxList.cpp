@@ -6,9 +6,9 @@
 
 #include "ContainerBehaviour.h"
 #include "CopyMap.h"
+#include "Descent.h"
 #include "JsonWriter.h"
 #include "Make.h"
-#include "Refusal.h"
 #include "TextValues.h"
 
 namespace otx {
@@ -55,13 +55,13 @@ COtxValue ListBehaviour::Copy(const COtxValue& self, OTX::CopyMap& copies) const
 
 bool ListBehaviour::equalTo(const COtxValueBehaviour& right) const {
     if (this == &right) return true;
-    checkNesting();
+    const Descent descent;
     return items == itemsBehind(right);
 }
 
 std::weak_ordering ListBehaviour::compareWith(const COtxValueBehaviour& right) const {
     if (this == &right) return std::weak_ordering::equivalent;
-    checkNesting();
+    const Descent descent;
     const std::vector<COtxValue>& others = itemsBehind(right);
     return std::lexicographical_compare_three_way(items.begin(), items.end(), others.begin(), others.end(),
                                                   compareValues);

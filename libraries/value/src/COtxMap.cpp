@@ -8,9 +8,9 @@
 
 #include "ContainerBehaviour.h"
 #include "CopyMap.h"
+#include "Descent.h"
 #include "JsonWriter.h"
 #include "Make.h"
-#include "Refusal.h"
 #include "TextValues.h"
 
 namespace otx {
@@ -51,13 +51,13 @@ COtxValue MapBehaviour::Copy(const COtxValue& self, OTX::CopyMap& copies) const 
 
 bool MapBehaviour::equalTo(const COtxValueBehaviour& right) const {
     if (this == &right) return true;
-    checkNesting();
+    const Descent descent;
     return entries == entriesBehind(right);
 }
 
 std::weak_ordering MapBehaviour::compareWith(const COtxValueBehaviour& right) const {
     if (this == &right) return std::weak_ordering::equivalent;
-    checkNesting();
+    const Descent descent;
     const std::map<COtxValue, COtxValue>& others = entriesBehind(right);
     return std::lexicographical_compare_three_way(
         entries.begin(), entries.end(), others.begin(), others.end(), [](const auto& mine, const auto& other) {

@@ -2,7 +2,7 @@
 #include <otx/value/Functions.h>
 
 #include "CopyMap.h"
-#include "Refusal.h"
+#include "Descent.h"
 
 namespace OTX {
 
@@ -10,7 +10,7 @@ COtxValue CopyMap::copyOf(const COtxValue& original) {
     const COtxValueBehaviour* const behaviour = original.GetBehaviourReference().get();
     if (behaviour == nullptr) return original;
     if (const COtxValue* const made = find(behaviour)) return *made;
-    otx::checkNesting();
+    const otx::Descent descent;
     return behaviour->Copy(original, *this);
 }
 

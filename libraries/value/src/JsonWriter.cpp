@@ -11,6 +11,7 @@
 #include <otx/value/Json.h>
 
 #include "ContainerBehaviour.h"
+#include "Descent.h"
 #include "JsonTags.h"
 #include "Numbers.h"
 #include "Refusal.h"
@@ -47,11 +48,14 @@ public:
             out_ += "null";
             return;
         }
-        checkNesting();
+        if (writeScalar(*value)) return;
+        const Descent descent;
         otxForm = otxForm || (flags_ == Flags::Heed && value->OtxJSON());
         if (value->NativeKind() == Native::Map) {
             writeMap(static_cast<MapBehaviour*>(value)->entries, otxForm);
-        } else if (!writeNative(*value, otxForm)) {
+        } else if (value->NativeKind() == Native::List) {
+            writeArray(static_cast<ListBehaviour*>(value)->items, otxForm);
+        } else {
             Value2IdMap conversion(otxForm);
             writeObject(value->ToJSONObject(conversion), otxForm);
         }
@@ -62,6 +66,12 @@ private:
 
     // What JSON carries natively, but for maps, which may have to be escaped.
     bool writeNative(COtxValueBehaviour& value, bool otxForm) {
+        if (value.NativeKind() != Native::List) return writeScalar(value);
+        writeArray(static_cast<ListBehaviour&>(value).items, otxForm);
+        return true;
+    }
+
+    bool writeScalar(COtxValueBehaviour& value) {
         switch (value.NativeKind()) {
             case Native::Boolean: out_ += value.Bool() ? "true" : "false"; return true;
             case Native::Integer: out_ += std::to_string(value.Int()); return true;
@@ -70,7 +80,6 @@ private:
                 out_ += floatText(value.Float());
                 return true;
             case Native::String: out_ += quoted(value.IString()); return true;
-            case Native::List: writeArray(static_cast<ListBehaviour&>(value).items, otxForm); return true;
             default: return false;
         }
     }

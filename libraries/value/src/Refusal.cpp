@@ -1,7 +1,6 @@
 // The failures that the library raises.
 #include "Refusal.h"
 
-#include <otx/Stack.h>
 #include <otx/value/COtxException.h>
 
 namespace otx {
@@ -18,10 +17,5 @@ void refuse(const char* operation, OTX::ValueType left, OTX::ValueType right) {
 }
 
 void fail(OTX::Exceptions_e kind, const std::string& text) { throw COtxException(kind, text); }
-
-void checkNesting() {
-    if (stackIsLow()) [[unlikely]]
-        fail(OTX::Exceptions_e::OutOfBoundsException, "Value is nested too deeply or contains itself");
-}
 
 }  // namespace otx

@@ -16,7 +16,4 @@ namespace otx {
 // Throws a COtxException.
 [[noreturn]] void fail(OTX::Exceptions_e kind, const std::string& text);
 
-// Throws kind 2 when the calling thread's stack is nearly used up; called before each level of a recursion over values.
-void checkNesting();
-
 }  // namespace otx
