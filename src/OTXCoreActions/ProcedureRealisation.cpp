@@ -4,8 +4,6 @@
 #include <OTXCoreActions/Statements.h>
 #include <Trace.h>
 
-#include <utility>
-
 namespace otxns {
 
 namespace {
@@ -50,8 +48,7 @@ void ProcedureRealisation_impl<ProcedureRealisation_base>::exec(OtxContext& cont
     for (const auto& parameter : parameters()->outParam()) {
         if (!parameter.name().present()) continue;
         const Name& name = parameter.name()->key();
-        // Null for a second parameter of that name, whose cell is the same.
-        if (auto cell = variables.TakeVariable(name)) arguments.out.assign(name, std::move(cell));
+        arguments.out.assign(name, variables.GetVariable(name));
     }
 }
 

@@ -22,7 +22,8 @@ void Load_impl<Load_base>::exec(otxns::OtxContext& context) const {
 template <>
 void Save_impl<Save_base>::exec(otxns::OtxContext& context) const {
     try {
-        context.Persistence().Save(value().name(), otxns::settled(value().read(context), context));
+        const COtxValue current = otxns::settled(value().read(context), context);
+        context.Persistence().Save(value().name(), current);
     } catch (const std::exception&) {
         throw COtxException(OTX::Exceptions_e::PersistenceSaveException, "Failed to save persistence value");
     }

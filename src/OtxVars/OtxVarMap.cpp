@@ -82,8 +82,7 @@ std::shared_ptr<OtxVariable> OtxVarMap::sharedFind(const Name& name) const {
 std::map<std::string, std::shared_ptr<OtxVariable>> OtxVarMap::Snapshot() const {
     const Guard guard(*this);
     std::map<std::string, std::shared_ptr<OtxVariable>> cells;
-    for (const Entry& present : entries_)
-        if (present.cell != nullptr) cells.emplace(present.name->text(), present.cell);
+    for (const Entry& present : entries_) cells.emplace(present.name->text(), present.cell);
     return cells;
 }
 

@@ -75,15 +75,6 @@ public:
         const Entry* const found = isShared_ ? nullptr : entry(name);
         return found != nullptr ? found->cell.get() : nullptr;
     }
-    // Moves the cell out, by the owner of a scope that is about to be cleared: of the name nothing but the look at the whole
-    // scope may be asked until then. False without an entry of that name; null if its cell has gone before.
-    bool Take(const Name& name, std::shared_ptr<OtxVariable>& cell) {
-        if (isShared_) return (cell = sharedFind(name)) != nullptr;
-        Entry* const found = entry(name);
-        if (found == nullptr) return false;
-        cell = std::move(found->cell);
-        return true;
-    }
     std::map<std::string, std::shared_ptr<OtxVariable>> Snapshot() const;
 
     // The same by text.

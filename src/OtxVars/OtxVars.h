@@ -77,15 +77,6 @@ public:
         return cell;
     }
     std::shared_ptr<OtxVariable> GetVariable(const std::string& name) const { return GetVariable(Name(name)); }
-    // The same for a call that ends: the top frame gives its cell away and isn't asked for the name again. Null if it has been
-    // taken before.
-    std::shared_ptr<OtxVariable> TakeVariable(const Name& name) {
-        OtxVarMap* const frame = top();
-        std::shared_ptr<OtxVariable> cell;
-        if (frame == nullptr || !frame->Take(name, cell)) [[unlikely]]
-            cell = globalVariable(name);
-        return cell;
-    }
 
     void Set(const Name& name, const COtxValue& value);
     void Set(const Name& name, COtxValue&& value) {

@@ -217,34 +217,6 @@ TEST_F(Store, CountsWhereverTheVariableStands) {
     EXPECT_EQ(raised([&] { vars.SetInteger(local, 1); }), "1 Cannot set a context variable");
 }
 
-TEST_F(Store, ACallThatEndsGivesItsCellsAway) {
-    vars.newStack();
-    vars.push("p");
-    const auto own = cell(1);
-    const otxns::Name local("local"), global("global"), nobody("nobody");
-    vars.Scope(false).Add("local", own);
-    vars.Globals().Add("global", cell(2));
-    EXPECT_EQ(vars.TakeVariable(local), own);
-    EXPECT_EQ(own.use_count(), 1);
-    EXPECT_EQ(vars.TakeVariable(local), nullptr);
-    EXPECT_TRUE(vars.Scope(false).Snapshot().empty());
-    EXPECT_EQ(vars.TakeVariable(global)->Value().Int(), 2);
-    EXPECT_EQ(vars.TakeVariable(global)->Value().Int(), 2);
-    EXPECT_EQ(raised([&] { vars.TakeVariable(nobody); }), "1 nobody");
-    vars.pop();
-}
-
-TEST_F(Store, AStackThatOthersMayLookAtKeepsTheCells) {
-    vars.newStack();
-    vars.push("p");
-    const otxns::Name local("local");
-    vars.Scope(false).Add("local", cell(1));
-    vars.shareStack();
-    EXPECT_EQ(vars.TakeVariable(local), vars.TakeVariable(local));
-    vars.unshareStack();
-    vars.pop();
-}
-
 TEST(Scope, KeepsTheFirstCellOfAName) {
     OtxVarMap scope;
     scope.Add("v", cell(1));
