@@ -11,6 +11,9 @@ from catalogue_tables import Catalogue
 
 BLOCK = re.compile(r"(?P<begin><!-- (?:types of (?P<module>\w+)|(?P<index>all modules)) -->\n)(?P<text>.*?)(?P<end><!-- end -->)", re.S)
 
+# Modules whose types are told elsewhere than in a table of docs/modules, and where.
+ELSEWHERE = {}
+
 
 def page_name(module):
     """The page of a module that no page has a table of."""
@@ -26,6 +29,25 @@ def index(folder, known, modules, texts):
         works, refused = known.totals(module)
         lines.append(f"| {module.file} | {page} | {works} | {refused} |")
     return lines
+
+
+def missing(modules, texts):
+    """What is wrong with the pages of modules: each has one, with its table, or an entry above, which is needed."""
+    for module in modules:
+        tables = [name for name, text in texts.items() for block in BLOCK.finditer(text) if block["module"] == module]
+        if module in ELSEWHERE and tables:
+            yield f"{module}: has a table in {tables[0]}, take it out of the list of those told elsewhere"
+        elif module not in ELSEWHERE and len(tables) != 1:
+            yield f"{module}: {len(tables)} tables `<!-- types of {module} -->` in docs/modules instead of one"
+    for module in ELSEWHERE:
+        if module not in modules:
+            yield f"{module}: is in the list of those told elsewhere, but there is no such module"
+    for name, text in texts.items():
+        marks = len(re.findall(r"<!-- (?:types of|all modules)", text))
+        if marks != len(BLOCK.findall(text)):
+            yield f"{name}: a table without its end"
+    if not any(block["index"] for block in BLOCK.finditer(texts.get("README.md", ""))):
+        yield "README.md: has no list of all modules"
 
 
 def main():
@@ -50,10 +72,13 @@ def main():
             stale.append(name)
             if rebase:
                 (folder / name).write_text(wanted, encoding="utf-8")
+    if wrong := list(missing(list(by_name), texts)):
+        sys.exit("\n".join(f"docs/modules: {line}" for line in wrong))
     if tables < 10:
         sys.exit(f"only {tables} tables under {folder}: nothing was looked at")
     if stale and not rebase:
         sys.exit(f"docs/modules: {', '.join(stale)} isn't what the catalogue says; `ninja rebase-docs` rewrites the tables")
 
 
-main()
+if __name__ == "__main__":
+    main()
