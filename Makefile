@@ -60,8 +60,8 @@ faults: build-release
 	@for part in load save run host streams; do build/release/bin/otx_faults $$part 1 tests/faults/mid-sized.otx || exit 1; done
 	@build/release/bin/otx_host_faults tests/documents
 
-# A million runs in one process for as long as SOAK_MINUTES, and 200 sequencers at once.
-SOAK_MINUTES ?= 10
+# A million runs in one process, which have to be done within SOAK_MINUTES, and 200 sequencers at once.
+SOAK_MINUTES ?= 30
 soak: build-release
 	@build/release/bin/otx_soak runs $(SOAK_MINUTES) 1000000 tests/faults/mid-sized.otx
 	@build/release/bin/otx_soak crowd 200 20

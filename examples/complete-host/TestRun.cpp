@@ -3,6 +3,9 @@
 
 #include <otx/host/PersistenceHost.h>
 #include <otx/value/COtxMap.h>
+#include <velkotx/LoopExceptions.h>
+
+#include <cxxabi.h>
 
 #include <fstream>
 #include <mutex>
@@ -13,9 +16,7 @@
 TestRun::TestRun(std::string file, std::string procedure, COtxValue arguments, HostObjects objects) {
     std::packaged_task<Outcome()> task([this, file = std::move(file), procedure = std::move(procedure),
                                         arguments = std::move(arguments), objects = std::move(objects)] {
-        Outcome outcome = run(file, procedure, arguments, objects);
-        close();
-        return outcome;
+        return run(file, procedure, arguments, objects);
     });
     outcome_ = task.get_future();
     thread_ = std::thread(std::move(task));
@@ -40,6 +41,11 @@ void TestRun::cancelUntilOver() {
 
 Outcome TestRun::run(const std::string& file, const std::string& procedure, const COtxValue& arguments,
                      const HostObjects& objects) {
+    // However this ends, even by a cancellation of the thread: the Sequencer is destroyed on the thread that made it.
+    struct Closing {
+        TestRun& run;
+        ~Closing() { run.close(); }
+    } const closing{*this};
     try {
         open(file, objects);
     } catch (const std::exception& failure) {
@@ -53,8 +59,16 @@ Outcome TestRun::run(const std::string& file, const std::string& procedure, cons
     } catch (const velkotx::OTXRuntimeException& failure) {
         if (failure.what() == std::string_view("cancelled")) return {Outcome::Kind::cancelled, {}, failure.what()};
         return {Outcome::Kind::failure, {}, std::string(failure.what()) + ": " + failure.text()};
+    } catch (const velkotx::BreakException& end) {  // as the next one no std::exception
+        return {Outcome::Kind::failure, {}, "BreakException: " + end.target()};
+    } catch (const velkotx::ContinueException& end) {
+        return {Outcome::Kind::failure, {}, "ContinueException: " + end.target()};
     } catch (const std::exception& failure) {  // of a host object
         return {Outcome::Kind::failure, {}, failure.what()};
+    } catch (abi::__forced_unwind&) {  // the thread is cancelled
+        throw;
+    } catch (...) {  // of a host object too
+        return {Outcome::Kind::failure, {}, "unknown exception"};
     }
 }
 

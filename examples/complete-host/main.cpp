@@ -13,6 +13,7 @@
 
 #include <charconv>
 #include <chrono>
+#include <exception>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -34,7 +35,7 @@ void print(const Outcome& outcome) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     const std::string file = argc > 1 ? argv[1] : "service-counter.otx";
     const auto answer = argc > 2 && std::string(argv[2]) == "NO" ? COtxConfirmationType::No : COtxConfirmationType::Yes;
     const long long patience = number(argc, argv, 3, 1);
@@ -55,4 +56,7 @@ int main(int argc, char** argv) {
         isGood = outcome.kind == Outcome::Kind::finished;
     }
     return isGood ? 0 : 1;
+} catch (const std::exception& failure) {  // of this host itself: no memory, no thread
+    std::cerr << failure.what() << '\n';
+    return 2;
 }

@@ -1,6 +1,9 @@
 // The smallest host: runs the battery check with three voltages and prints its out parameters.
 #include <otx/value/Values.h>
+#include <velkotx/LoopExceptions.h>
 #include <velkotx/Sequencer.h>
+
+#include <cxxabi.h>
 
 #include <fstream>
 #include <iostream>
@@ -25,7 +28,15 @@ int main(int argc, char** argv) try {
 } catch (const velkotx::BoundaryException& failure) {
     std::cerr << failure.what() << ": " << failure.text() << '\n';
     return 1;
+} catch (const velkotx::LoopException& end) {  // a Break or Continue of a faulty document; no std::exception
+    std::cerr << "no loop takes a Break or Continue, target '" << end.target() << "'\n";
+    return 1;
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
+    return 2;
+} catch (abi::__forced_unwind&) {  // the thread is cancelled
+    throw;
+} catch (...) {  // whatever a host object throws
+    std::cerr << "unknown exception\n";
     return 2;
 }

@@ -10,6 +10,7 @@
 #include <CLI/CLI.hpp>
 
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <ostream>
@@ -199,13 +200,65 @@ void addVehicle(CLI::App& program, VehicleCheckOptions& options) {
     check.footer(vehicleCheckFooter);
 }
 
-// What is wrong with a command line, in words.
+// "run, debug or info".
+std::string listed(const std::vector<std::string>& words, const std::string& conjunction) {
+    std::string text;
+    for (std::size_t i = 0; i < words.size(); ++i)
+        text += (i == 0 ? "" : i + 1 == words.size() ? ' ' + conjunction + ' ' : ", ") + words[i];
+    return text;
+}
+
+std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
+    return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+std::string namesOf(const std::vector<const CLI::App*>& commands, const std::string& conjunction) {
+    std::vector<std::string> names;
+    for (const CLI::App* const command : commands)
+        names.push_back(command->get_name());
+    return listed(names, conjunction);
+}
+
+// "velkotx run".
+std::string fullName(const CLI::App& command) {
+    const CLI::App* const parent = command.get_parent();
+    return (parent != nullptr ? fullName(*parent) + ' ' : "") + command.get_name();
+}
+
+// An option ahead of the command that it is for is one of nobody.
+std::string complaintAboutOption(const CLI::App& app, const std::string& word) {
+    std::vector<const CLI::App*> owners = commandsOf(app);
+    std::erase_if(owners, [name = word.substr(0, word.find('='))](const CLI::App* command) {
+        return command->get_option_no_throw(name) == nullptr;
+    });
+    const std::string refusal = '\'' + word + "' is no option of " + fullName(app);
+    return owners.empty() ? refusal : refusal + ", but of " + namesOf(owners, "and") + ": it stands behind the command";
+}
+
+// What is wrong with the words for a command that has commands of its own. `words` are those that nobody took.
+std::string complaintAboutCommand(const CLI::App& app, const std::vector<std::string>& words) {
+    const std::string commands = namesOf(commandsOf(app), "or");
+    const std::string whose = app.get_parent() != nullptr ? " of " + fullName(app) : "";
+    if (words.empty())
+        return "a command" + whose + " is missing: " + commands;
+    if (words.front().starts_with("-") && words.front().find_first_not_of('-') != std::string::npos)
+        return complaintAboutOption(app, words.front());
+    return '\'' + words.front() + "' is no command" + whose + ": " + commands;
+}
+
+// Words that the program or a command with commands has left over stand ahead of the command, so they come first.
+const CLI::App& commandAtFault(const CLI::App& program) {
+    const CLI::App* command = &program;
+    while (command->remaining().empty() && !command->get_subcommands().empty())
+        command = command->get_subcommands().front();
+    return *command;
+}
+
+// What is wrong with a command line, in words, and where help is.
 std::string complaint(const CLI::App& program, const CLI::ParseError& error) {
-    if (!program.get_subcommands().empty())
-        return error.what();
-    const std::string commands = "run, debug, info, compile, dump or vehicle";
-    const std::vector<std::string> words = program.remaining();
-    return words.empty() ? "a command is missing: " + commands : "'" + words.front() + "' is no command: " + commands;
+    const CLI::App& command = commandAtFault(program);
+    const std::string words = commandsOf(command).empty() ? error.what() : complaintAboutCommand(command, command.remaining());
+    return words + " (" + fullName(command) + " --help tells the usage)";
 }
 
 }  // namespace
@@ -235,7 +288,7 @@ Options parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return Answered{program.exit(error, out, err)};
-        err << "velkotx: " << oneLine(complaint(program, error)) << " (velkotx --help tells the usage)\n";
+        err << "velkotx: " << oneLine(complaint(program, error)) << '\n';
         return Answered{ExitStatus::badInput};
     }
     if (program.got_subcommand("run"))

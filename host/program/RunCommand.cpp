@@ -11,11 +11,13 @@
 #include "program/RunOperator.h"
 #include "program/SameFiles.h"
 #include "program/SetUp.h"
+#include "program/UnknownArguments.h"
 #include "program/UsageError.h"
 #include "program/script/InterruptibleLines.h"
 #include "program/script/ScriptedHost.h"
 #include "rest/RestWatch.h"
 
+#include <velkotx/DocumentInfo.h>
 #include <velkotx/Sequencer.h>
 
 #include <atomic>
@@ -96,6 +98,8 @@ int run(const RunOptions& options, const Streams& streams) {
     }
 
     Sequencer& sequencer = *std::get<std::shared_ptr<Sequencer>>(loaded);
+    if (const COtxValue arguments = setUp.arguments(); !arguments.Map().empty())
+        warnOfUnknownArguments(DescribeDocument(sequencer), options, arguments, streams.err);
     setUp.apply(sequencer);
     setBreakpoints(sequencer, options.breakpoints);
     const auto runOperator = makeOperator(sequencer, options, inputs, streams.err);

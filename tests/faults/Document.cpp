@@ -12,14 +12,22 @@ std::shared_ptr<velkotx::Sequencer> load(const std::string& document) {
     return velkotx::CreateSequencer(stream);
 }
 
-std::string compiledForm(const std::string& document) {
+std::string compiledForm(velkotx::Sequencer& sequencer) {
     std::ostringstream out;
-    load(document)->Save(out);
+    sequencer.Save(out);
     return std::move(out).str();
 }
 
+std::string compiledForm(const std::string& document) {
+    return compiledForm(*load(document));
+}
+
+std::string textOf(const COtxValue& outParameters) {
+    return outParameters.ToJSON().String();
+}
+
 std::string run(velkotx::Sequencer& sequencer) {
-    return sequencer.Run("main", COtxValue(), false).ToJSON().String();
+    return textOf(sequencer.Run("main", COtxValue(), false));
 }
 
 }  // namespace faults

@@ -14,17 +14,20 @@
 namespace faults {
 
 std::shared_ptr<velkotx::Sequencer> load(const std::string& document);
+std::string compiledForm(velkotx::Sequencer& sequencer);
 std::string compiledForm(const std::string& document);
-// The out parameters of the procedure main, as JSON.
+// What a run has given, as JSON.
+std::string textOf(const COtxValue& outParameters);
+// That of a run of the procedure main.
 std::string run(velkotx::Sequencer& sequencer);
 
-// The work while memory refuses. What it throws comes with the attempt.
+// The work while memory refuses. It is told where to put what it gives; what it throws comes with the attempt.
 template <class Work>
 Attempt withoutMemory(std::size_t place, FailingMemory::Extent extent, const Work& work) {
     Attempt attempt;
     const FailingMemory memory(place, extent);
     try {
-        work();
+        work(attempt.result);
     } catch (abi::__forced_unwind&) {
         throw;
     } catch (...) {

@@ -108,4 +108,10 @@ bool FailingMemory::hasFailed() const noexcept {
     return hasRefused;
 }
 
+SparedMemory::SparedMemory() noexcept : left_(left.exchange(0)) {}
+
+SparedMemory::~SparedMemory() {
+    left = left_;
+}
+
 }  // namespace faults

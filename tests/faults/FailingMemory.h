@@ -28,4 +28,16 @@ public:
     bool hasFailed() const noexcept;
 };
 
+// While it lives, memory is given again, and what is taken isn't counted: to look at what a piece of work has given.
+class SparedMemory {
+public:
+    SparedMemory() noexcept;
+    ~SparedMemory();
+    SparedMemory(const SparedMemory&) = delete;
+    SparedMemory& operator=(const SparedMemory&) = delete;
+
+private:
+    const std::size_t left_;
+};
+
 }  // namespace faults

@@ -74,7 +74,7 @@ std::vector<Series> refusingHost(const std::string& document) {
             (*last)->SetHost(host);
             host->refuse(place);
             try {
-                (*last)->Run("main", COtxValue(), false);
+                attempt.result = run(**last);
             } catch (abi::__forced_unwind&) {
                 throw;
             } catch (...) {

@@ -98,6 +98,7 @@ private:
         ++outcomes_[kindOf(outcome_)];
         if (outcome_.empty()) tell(place, "not a stated failure");
         if (outcome_ == passed && !series_.mayPass(place)) tell(place, "passed");
+        if (outcome_ == passed && !isSame_) tell(place, "passed and gives something else");
         if (!isRepeated) tell(place, "the next time gives " + repetition_);
         if (after != before)
             tell(place, std::to_string(static_cast<long long>(after.blocks - before.blocks)) + " blocks are left, " +
@@ -110,6 +111,7 @@ private:
         const Attempt attempt = series_.attempt(place);
         const std::string outcome = attempt.failure ? stated(attempt.failure) : passed;
         outcome_.assign(outcome);
+        isSame_ = attempt.result == expected_;
         return attempt.wasHit;
     }
 
@@ -132,6 +134,7 @@ private:
     const std::size_t every_;
     std::string expected_;
     std::string outcome_;
+    bool isSame_ = false;
     std::string repetition_;
     std::map<std::string, std::size_t> outcomes_;
     std::size_t attempts_ = 0;

@@ -12,6 +12,7 @@ namespace faults {
 struct Attempt {
     bool wasHit = false;         // whether the fault came: without it, the work has fewer places
     std::exception_ptr failure;  // null when the work passed all the same
+    std::string result;          // what it gave then
 };
 
 struct Series {
@@ -20,7 +21,7 @@ struct Series {
     std::function<Attempt(std::size_t place)> attempt;
     // The same work without a fault; what it gives must be the same each time.
     std::function<std::string()> repeat;
-    // Whether the work may pass although the fault came.
+    // Whether the work may pass although the fault came. What it gives then must be what it gives without.
     std::function<bool(std::size_t place)> mayPass = [](std::size_t) { return false; };
 };
 

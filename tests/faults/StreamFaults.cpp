@@ -42,7 +42,7 @@ Series loading(const std::string& name, const std::string& document, const Kind&
         std::istream stream(&buffer);
         if (how == Break::passesThrough) stream.exceptions(std::ios_base::badbit);
         Attempt attempt;
-        attempt.failure = failureOf([&] { velkotx::CreateSequencer(stream); });
+        attempt.failure = failureOf([&] { attempt.result = compiledForm(*velkotx::CreateSequencer(stream)); });
         attempt.wasHit = buffer.hasBroken();
         return attempt;
     };
@@ -64,11 +64,7 @@ Series saving(const std::shared_ptr<velkotx::Sequencer>& sequencer, const Kind& 
         attempt.wasHit = buffer.hasBroken();
         return attempt;
     };
-    series.repeat = [sequencer] {
-        std::ostringstream out;
-        sequencer->Save(out);
-        return std::move(out).str();
-    };
+    series.repeat = [sequencer] { return compiledForm(*sequencer); };
     return series;
 }
 

@@ -1,10 +1,13 @@
 """What the gates need to know of the text of C++."""
+import functools
 import re
 
+SUFFIXES = (".cpp", ".h", ".hpp", ".hh", ".hxx", ".inl", ".ipp", ".tpp", ".cc", ".cxx", ".c")
 TOKENS = re.compile(
     r'R"(?P<mark>[^()\s]{0,16})\(.*?\)(?P=mark)"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'|//[^\n]*|/\*.*?\*/', re.S)
 
 
+@functools.lru_cache(maxsize=4096)
 def without_comments(text):
     """The code with comments and the contents of literals blanked out, each character at its place."""
 
@@ -54,11 +57,18 @@ def opening_brace(text, closing):
     return -1
 
 
+FORCED_UNWIND = re.compile(r"(?:const\s+)?(?:::\s*)?abi\s*::\s*__forced_unwind(?:\s+const)?\s*&\s*\w*")
+
+
+def is_rethrow(block):
+    return re.fullmatch(r"\{\s*throw\s*;\s*\}", block) is not None
+
+
 def passes_forced_unwind(before):
     """Whether one of the clauses before a catch of everything lets the forced unwinding of a thread pass."""
     while True:
         before = before.rstrip()
-        if before.endswith("OTX_PASS_FORCED_UNWIND"):
+        if re.search(r"\bOTX_PASS_FORCED_UNWIND$", before):
             return True
         if not before.endswith("}"):
             return False
@@ -67,6 +77,12 @@ def passes_forced_unwind(before):
         clause = re.search(r"\bcatch\s*\(([^()]*)\)$", head)
         if clause is None:
             return False
-        if "__forced_unwind" in clause.group(1):
-            return re.fullmatch(r"\{\s*throw;\s*\}", before[opening:]) is not None
+        if FORCED_UNWIND.fullmatch(clause.group(1).strip()):
+            return is_rethrow(before[opening:])
         before = head[:clause.start()]
+
+
+def macro_passes_forced_unwind(body):
+    """Whether what stands behind `#define OTX_PASS_FORCED_UNWIND` is that clause and nothing else."""
+    clause = re.fullmatch(r"\s*catch\s*\(([^()]*)\)\s*(\{.*\})\s*", body.replace("\\\n", " "))
+    return clause is not None and bool(FORCED_UNWIND.fullmatch(clause.group(1).strip())) and is_rethrow(clause.group(2))

@@ -1,36 +1,28 @@
 #!/usr/bin/env python3
-"""Looks at the text of all files of ours: sources.py FOLDER. Each rule is a function that yields (line, complaint)."""
+"""Looks at the text of all files of ours, and of what a build folder holds generated: sources.py FOLDER [BUILD]. Each rule is a
+function that yields (line, complaint)."""
 import re
 import subprocess
 import sys
 from pathlib import Path
 
+import allocations
 import cpp_text
+import locale_names
+import public_headers
 
 LONGEST = 600
 # Data rather than code: the catalogue has one file a module, and the core is a large one.
 MAY_BE_LONG = {"schema/catalogue/core.otxs"}
 
-# Allocations by a number in the readers of documents: the file, the call without what literals hold, and what bounds the number.
-SIZED = {
-    ("schema/frame/schema/CompiledForm.cpp", "bytes.reserve(initialSize)"): "a constant",
-    ("schema/frame/schema/CompiledForm.cpp", "bytes.assign(std::istreambuf_iterator<char>(file.rdbuf()), {})"): "what the file has",
-    ("schema/frame/schema/Name.cpp", "new Name[remembered]"): "a constant",
-    ("schema/frame/schema/Arena.cpp", "new std::byte[size]"): "the caller's size of a block",
-    ("schema/frame/schema/Registry.cpp", "names.reserve(maps().byName.size())"): "the types that there are",
-    ("schema/frame/schema/Suggestion.cpp", "std::vector<std::size_t> row(other.size() + 1)"): "a name of the catalogue",
-    ("schema/frame/schema/Text.cpp", "std::string narrowed(length, )"): "counted in the text that is there",
-    ("schema/frame/schema/Text.cpp", "make_unique<hex_binary>(digits.size() / 2)"): "the digits that are there",
-    ("schema/frame/schema/Text.cpp", "make_unique<hex_binary>(*readHexBinary(narrow(text)), f, owner)"): "a copy",
-    ("schema/frame/schema/Holders.h", "hex_binary(bytes.data(), bytes.size())"): "a view of bytes that are there",
-    ("schema/frame/schema/FieldPrinter.cpp", "std::string blanks(width > text.size() ? width - text.size() : 0, )"): "constants",
-    ("schema/frame/schema/FieldPrinter.cpp", "std::string(bytesColumn, )"): "a constant",
-    ("schema/frame/schema/FieldPrinter.cpp", "std::string(2 * members_.size(), )"): "the levels that the reader is in",
-    ("schema/frame/schema/FieldPrinter.cpp", ").assign(name.begin(), name.end())"): "a name of the catalogue",
-    ("schema/frame/schema/CdrMemory.h", "make_unique_for_overwrite<char[]>(size)"): "for writing: what the document has",
-    ("schema/frame/schema/CdrMemory.h", "malloc(size)"): "the same",
-    ("schema/frame/schema/CdrMemory.h", "calloc(count * size, initialValue)"): "the same",
+# Calls for what depends on a locale: the file, the call, and why it does no harm.
+AGREED_CALLS = {
+    ("schema/frame/schema/Text.cpp", "strtod_l("): "told the C locale",
+    ("host/program/debug/LineReader.cpp", "setlocale("): "the program's terminal, characters only",
+    ("schema/frame/schema/Text.cpp", "newlocale("): "the C locale",
 }
+# The only file of the library that writes to the process's own streams, and what it says for that.
+WRITES = {("libraries/log/src/LineFile.cpp", "STDERR_FILENO"): "where the log's lines go until the host has another place"}
 
 # What a reader from outside can't look up, or what holds on one machine only.
 WORDS = (
@@ -43,9 +35,10 @@ WORDS = (
     (r"(?<![\w.$}])/tmp/\w", "a path of one machine"),
     (r"\b(?:TODO|FIXME|XXX)\b", "do it, or say what holds"),
 )
-WORDS_MAY_STAND_IN = {"tests/gates/sources.py", "tests/gates/self_test.py"}
+ANY_WORD = re.compile("|".join(pattern for pattern, _ in WORDS))
+WORDS_MAY_STAND_IN = {"tests/gates/sources.py", "tests/gates/source_cases.py"}
 
-CODE = (".cpp", ".h")
+CODE = cpp_text.SUFFIXES
 
 
 def is_test(name):
@@ -74,7 +67,7 @@ def length(name, text):
 
 
 def words(name, text):
-    if name in WORDS_MAY_STAND_IN:
+    if name in WORDS_MAY_STAND_IN or not ANY_WORD.search(text):
         return
     for number, line in enumerate(text.splitlines(), 1):
         for pattern, advice in WORDS:
@@ -90,73 +83,60 @@ def catch_all(name, text):
     for match in re.finditer(r"\bcatch\s*\(\s*\.\.\.\s*\)", code):
         if not cpp_text.passes_forced_unwind(code[:match.start()]):
             yield cpp_text.line_of(code, match.start()), "catch (...) without the clause for abi::__forced_unwind before it"
+    for match in re.finditer(r"#\s*define\s+OTX_PASS_FORCED_UNWIND\b((?:\\\n|[^\n])*)", code):
+        if not cpp_text.macro_passes_forced_unwind(match.group(1)):
+            yield cpp_text.line_of(code, match.start()), "OTX_PASS_FORCED_UNWIND has to be the clause for abi::__forced_unwind"
+
+
+def unless_agreed(agreed, name, found, code, advice):
+    """Complaints about the calls that nobody agreed to, and about agreements of this file that no call needs."""
+    unused = {call for where, call in agreed if where == name}
+    for match in found:
+        call = "".join(match.group().split())
+        unused.discard(call)
+        if (name, call) not in agreed:
+            yield cpp_text.line_of(code, match.start()), f"{call}: {advice}"
+    for call in sorted(unused):
+        yield 1, f"{call}: agreed to, but not here: take it out of the list"
+
+
+LOCALE_CALLS = re.compile(
+    rf"\bstd::(?:sto(?:i|l|ll|ul|ull|f|d|ld)|setprecision|(?:put|get)_money|{locale_names.FACETS})\b"
+    rf"|\b{locale_names.FUNCTIONS}\s*\(|\b(?:setlocale|uselocale|newlocale|localeconv)\s*\(|\bstd::locale::global\b")
 
 
 def locale_calls(name, text):
-    """What the objects show (locale_numbers.py) isn't repeated here, but for the standard's own functions, to name the line."""
+    """What only the objects show (locale_numbers.py) isn't repeated here. This names the line, and looks at each file of ours,
+    where an object also holds what others' headers brought along."""
     if not name.endswith(CODE) or is_test(name):
         return
     code = cpp_text.without_comments(text)
-    for match in re.finditer(r"\bstd::(?:sto(?:i|l|ll|ul|ull|f|d|ld)|setprecision)\b|\b(?:sscanf|snprintf|sprintf|printf)\s*\(", code):
-        yield cpp_text.line_of(code, match.start()), f"{match.group()}: use std::to_chars or std::from_chars"
+    yield from unless_agreed(AGREED_CALLS, name, LOCALE_CALLS.finditer(code), code, "use std::to_chars or std::from_chars")
 
 
-OBJECT = r"(?:\b[\w.>-]+|[)\]])(?:\.|->)"
-# Calls that allocate by a number, each with how many arguments it has then at the least.
-SIZED_CALLS = (
-    (OBJECT + r"(?:reserve|resize(?:_and_overwrite)?)(?=\()", 1),
-    (r"\b(?:malloc|calloc|realloc|alloca|aligned_alloc)(?=\()", 1),
-    (r"\bmake_(?:unique|shared)(?:_for_overwrite)?<[^;()]*?\[\]>(?=\()", 1),
-    (OBJECT + r"(?:assign|append)(?=\()", 2),
-    (OBJECT + r"insert(?=\()", 3),
-    # Constructors. Those of the tree's own bytes allocate by their first argument.
-    (r"\bstd::(?:vector|deque|list|forward_list|valarray)\b(?:<[^;()]*>)?(?:[ ]*\w+)?(?=\()", 1),
-    (r"\bstd::(?:basic_string\b<[^;()]*>|(?:w|u8|u16|u32)?string\b)(?:[ ]*\w+)?(?=\()", 2),
-    (r"\bmake_(?:unique|shared)<(?:std::(?:vector|deque|list|valarray)\b[^;()]*|(?:hex_binary|base64_binary|buffer))>(?=\()", 1),
-    (r"\bmake_(?:unique|shared)<std::(?:basic_string\b[^;()]*|\w*string)>(?=\()", 2),
-    (r"\b(?:hex_binary|base64_binary|buffer)(?: \w+)?(?=\()", 1),
-)
-
-
-def calls_by_a_number(code):
-    for match in re.finditer(r"\bnew [\w:]+\[[^\]]*\]", code):
-        yield match.start(), match.group()
-    for pattern, least in SIZED_CALLS:
-        for match in re.finditer(pattern, code):
-            arguments, end = cpp_text.arguments(code, match.end())
-            if len(arguments) >= least and not any(map(cpp_text.is_parameter, arguments)):
-                yield match.start(), " ".join(code[match.start():end].split())
-
-
-def sized_allocations(name, text):
-    """No number of a document is believed before it is compared with the bytes that are there: all allocations by a number are
-    listed above."""
-    if not name.startswith("schema/frame/") or not name.endswith(CODE):
-        return
-    code = cpp_text.without_comments(text)
-    found = sorted(set(calls_by_a_number(code)))
-    for start, call in found:
-        if (name, call) not in SIZED:
-            yield cpp_text.line_of(code, start), f"'{call}' isn't in the list of bounded allocations"
-    for where, call in SIZED:
-        if where == name and call not in {call for _, call in found}:
-            yield 1, f"'{call}' is in the list of bounded allocations, but not here"
+PRINTS = re.compile(
+    r"\bstd::w?(?:cout|cerr|clog)\b|\bSTD(?:OUT|ERR)_FILENO\b|\bstd(?:out|err)\b"
+    r"|\b(?:f?puts|f?putws|f?putw?c|putw?char|fwrite)(?:_unlocked)?\s*\(|\bv?[fd]?w?printf\s*\(|\b(?:perror|psignal|psiginfo)\s*\("
+    r"|(?<![.>])\b(?:p?writev?\d?|dup)\s*\(\s*[12]\s*[,)]|\bdup[23]\s*\([^();]*,\s*[12]\s*[,)]|\bstd::print(?:ln)?\s*\(")
+DEVICES = re.compile(r"\"/(?:dev/(?:std(?:out|err)|tty|fd/[12])|proc/self/fd/[12])\b")
 
 
 def printing(name, text):
     """The library prints nothing; only the log writes, to standard error unless the host has another place for it."""
-    if is_test(name) or not name.startswith(("include/", "contracts/", "libraries/", "schema/frame/", "src/")):
+    if is_test(name) or not name.startswith(("include/", "contracts/", "libraries/", "schema/frame/", "src/", "generated/")):
         return
-    if not name.endswith(CODE) or name.startswith("libraries/log/src/"):
+    if not name.endswith(CODE):
         return
     code = cpp_text.without_comments(text)
-    for match in re.finditer(r"\bstd::(?:cout|cerr|clog)\b|\b(?:puts|fputs|fprintf|perror)\s*\(|\bSTD(?:OUT|ERR)_FILENO\b", code):
-        yield cpp_text.line_of(code, match.start()), f"{match.group()}: the library prints nothing"
+    yield from unless_agreed(WRITES, name, PRINTS.finditer(code), code, "the library prints nothing")
+    for match in DEVICES.finditer(text):
+        yield cpp_text.line_of(text, match.start()), f"{match.group()}: the library prints nothing"
 
 
 RULES_OF_TEXTS = (words,)
-RULES_OF_CODE = (role_comment, length, catch_all, locale_calls, sized_allocations, printing)
-CODE_NAMES = re.compile(r"\.(cpp|h|py|sh|cmake|otxs|map)$|(^|/)(CMakeLists\.txt|Makefile)$")
+RULES_OF_BEHAVIOUR = (catch_all, locale_calls, printing)
+RULES_OF_CODE = (role_comment, length, public_headers.includes) + RULES_OF_BEHAVIOUR
+OTHER_CODE = re.compile(r"\.(py|sh|cmake|otxs|map)$|(^|/)(CMakeLists\.txt|Makefile)$")
 
 
 def files(folder):
@@ -169,11 +149,28 @@ def files(folder):
                   if path.is_file() and not path.relative_to(folder).parts[0].startswith(("build", ".")))
 
 
-def complaints(name, text):
-    rules = RULES_OF_TEXTS + (RULES_OF_CODE if CODE_NAMES.search(name) else ())
+def generated(build):
+    """The text of each file that the generator wrote, by its name behind the build folder."""
+    texts = {str(path.relative_to(build)): path.read_text(encoding="utf-8")
+             for path in sorted((build / "generated").rglob("*")) if path.name.endswith(CODE)}
+    if len(texts) < 50:
+        sys.exit(f"only {len(texts)} generated files under {build}: nothing was looked at")
+    return texts
+
+
+def complaints(name, text, known=None):
+    """What is wrong with a file. `known` are the names of sequences and strings in all files, if there are more than this one."""
+    if name.startswith("generated/"):
+        rules = RULES_OF_BEHAVIOUR
+    elif name.endswith(CODE) or OTHER_CODE.search(name):
+        rules = RULES_OF_TEXTS + RULES_OF_CODE
+    else:
+        rules = RULES_OF_TEXTS
     for rule in rules:
         for line, words_of_rule in rule(name, text):
             yield f"{name}:{line}: {words_of_rule}"
+    for line, words_of_rule in allocations.sized_allocations(name, text, known or allocations.Known({name: text})):
+        yield f"{name}:{line}: {words_of_rule}"
 
 
 def main():
@@ -181,15 +178,19 @@ def main():
     names = files(folder)
     if len(names) < 500:
         sys.exit(f"only {len(names)} files under {folder}: nothing was looked at")
-    found = []
+    texts = generated(Path(sys.argv[2])) if len(sys.argv) > 2 else {}
     for name in names:
         if name == "LICENSE" or name.startswith("fuzz/corpus"):
             continue
         try:
-            text = (folder / name).read_text(encoding="utf-8")
+            texts[name] = (folder / name).read_text(encoding="utf-8")
         except UnicodeDecodeError:
-            continue  # samples that are meant to be no text
-        found.extend(complaints(name, text))
+            pass  # samples that are meant to be no text
+    known = allocations.Known(texts)
+    found = [complaint for name, text in texts.items() for complaint in complaints(name, text, known)]
+    found.extend(allocations.unneeded(texts))
+    found.extend(f"{name}: {call} is agreed to, but there is no such file"
+                 for name, call in (*AGREED_CALLS, *WRITES) if name not in texts)
     for line in found:
         print(line)
     if found:

@@ -12,6 +12,7 @@
 
 #include <otx/value/Functions.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <deque>
@@ -23,6 +24,10 @@ namespace soak {
 namespace {
 
 using namespace api;
+
+// The first round fills what stays for good, the second what threads that meet in other ways still add.
+constexpr std::size_t warmUpRounds = 2;
+constexpr std::size_t allowedPercent = 10;
 
 std::string crowdDocument() {
     const std::vector<ScreenArgument> arguments{{"inoutArg", "x", "x"}, {"outArg", "go", "g"}};
@@ -83,15 +88,21 @@ bool runCrowd(const std::string& document, std::size_t count) {
 bool runCrowds(std::size_t sequencers, std::size_t rounds) {
     const std::string document = crowdDocument();
     const std::size_t threads = threadCount();
+    std::size_t warm = 0;
+    std::size_t largest = 0;
     for (std::size_t round = 0; round < rounds; ++round) {
         if (!runCrowd(document, sequencers)) return false;
         if (!isThreadCountReached(threads)) {
             std::fprintf(stderr, "threads are left after round %zu\n", round);
             return false;
         }
+        largest = std::max(largest, residentMemory());
+        if (round < warmUpRounds) warm = largest;
     }
-    std::printf("%zu times %zu sequencers at once, %zu bytes resident at the end\n", rounds, sequencers, residentMemory());
-    return true;
+    const std::size_t growth = largest - warm;
+    std::printf("%zu times %zu sequencers at once: %zu bytes after the warm-up, %zu at the most, %zu more\n", rounds, sequencers,
+                warm, largest, growth);
+    return growth * 100 <= warm * allowedPercent;
 }
 
 }  // namespace soak

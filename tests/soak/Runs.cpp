@@ -40,10 +40,20 @@ public:
 
     void measure() {
         largest_ = std::max(largest_, residentMemory());
-        if (done_ <= runs_ / warmUpShare || warm_ == 0) warm_ = largest_;
+        if (done_ <= runs_ / warmUpShare || warm_ == 0)
+            warm_ = largest_;
+        else
+            isMeasuredWarm_ = true;
     }
 
     bool isOver() const { return done_ == runs_; }
+
+    // What was measured says something only if all runs were done, and some of them after the warm-up.
+    bool isWhole() const {
+        if (!isOver()) std::fprintf(stderr, "the time is up after %zu runs of %zu\n", done_, runs_);
+        if (isOver() && !isMeasuredWarm_) std::fprintf(stderr, "%zu runs are a warm-up and nothing else\n", runs_);
+        return isOver() && isMeasuredWarm_;
+    }
 
     bool isFlat(std::chrono::seconds took) const {
         const std::size_t growth = largest_ - warm_;
@@ -59,6 +69,7 @@ private:
     std::size_t done_ = 0;
     std::string expected_;
     std::size_t warm_ = 0;
+    bool isMeasuredWarm_ = false;
     std::size_t largest_ = 0;
 };
 
@@ -72,7 +83,8 @@ bool runOverAndOver(const std::string& document, std::size_t runs, std::chrono::
         if (!soak.live()) return false;
         soak.measure();
     } while (!soak.isOver() && took() < longest);
-    return soak.isFlat(std::chrono::duration_cast<std::chrono::seconds>(took()));
+    const bool isFlat = soak.isFlat(std::chrono::duration_cast<std::chrono::seconds>(took()));
+    return soak.isWhole() && isFlat;
 }
 
 }  // namespace soak
