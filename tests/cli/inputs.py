@@ -48,21 +48,26 @@ def expansion(_):
 
 
 def endless_term(_):
-    """One assignment whose term takes longer than anybody waits: each level evaluates its middle operand twice."""
-    term = '<term xsi:type="BooleanLiteral" value="true"/>'
-    for _level in range(48):
-        true = '<term xsi:type="BooleanLiteral" value="true"/>'
-        term = f'<term xsi:type="IsEqual">{true}{term}{true}</term>'
-    declarations = (
-        '<declarations><variable id="v" name="b"><realisation><dataType xsi:type="Boolean"/></realisation>'
-        "</variable></declarations>"
-    )
+    """One assignment whose term takes longer than anybody waits, and asks nobody: comparisons of lists that hold two lists each."""
+    levels, comparisons = 22, 5000
+    local = '<variable id="{0}" name="{0}"><realisation><dataType xsi:type="{1}">{2}</dataType></realisation></variable>'
+    item = '<itemType xsi:type="Integer"/>'
+    held = '<item xsi:type="ListValue" valueOf="{0}{1}"/>'
+    locals_ = local.format("b", "Boolean", "")
+    for name in "lm":
+        locals_ += local.format(f"{name}0", "List", item)
+        for level in range(levels):
+            items = f"<items>{2 * held.format(name, level)}</items>"
+            locals_ += local.format(f"{name}{level + 1}", "List", f"{item}<init>{item}{items}</init>")
     note = (
         '<action id="a{0}"><realisation xsi:type="Assignment"><result xsi:type="BooleanVariable" name="b"/>'
         "{1}</realisation></action>"
     )
-    flow = note.format(1, '<term xsi:type="BooleanLiteral" value="true"/>') + note.format(2, term)
-    return procedure("").replace("<flow></flow>", f"{declarations}<flow>{flow}</flow>")
+    value = '<term xsi:type="ListValue" valueOf="{0}"/>'
+    comparison = f'<term xsi:type="IsEqual">{value.format(f"l{levels}")}{value.format(f"m{levels}")}</term>'
+    flow = note.format(1, '<term xsi:type="BooleanLiteral" value="true"/>')
+    flow += note.format(2, f'<term xsi:type="LogicAnd">{comparisons * comparison}</term>')
+    return procedure("").replace("<flow></flow>", f"<declarations>{locals_}</declarations><flow>{flow}</flow>")
 
 
 HMI = f'xmlns:hmi="{CORE}/HMI" xmlns:event="{CORE}/Event"'
