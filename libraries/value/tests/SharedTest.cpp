@@ -58,3 +58,9 @@ TEST(Shared, WhatFitsIsWalkedOverAgainAndAgain) {
     EXPECT_TRUE(lists(24) == lists(24));
     EXPECT_EQ(OTX_THROWN_KIND(lists(25) == lists(25)), outOfBounds);
 }
+
+TEST(Shared, ALongListIsNotWhatIsMeant) {
+    const COtxValue numbers = COtxList(std::vector<COtxValue>((1 << 24) + 1, COtxInt(1)));
+    EXPECT_EQ(OTX::DeepCopy(numbers).List().size(), numbers.List().size());
+    EXPECT_TRUE(numbers == OTX::DeepCopy(numbers));
+}
